@@ -1,0 +1,17 @@
+#pragma once
+
+#include "assets/mesh.h"
+
+#include <cstdint>
+
+namespace lumenfold {
+
+// Reads a LightWave object (IFF "FORM" of type "LWOB", triangles only) into an empty mesh, with a running commentary
+// on standard output. modeBits is ORed into every surface's mode (scenes pass 1, loadObject 4). Texture layers fetch
+// their images with getTexture, whose errors pass through. A missing or foreign file leaves the mesh without
+// faces and with an identity orientation. Damaged files: what points nowhere (a vertex number beyond the points, a
+// chunk longer than the file) is skipped and told.
+// Source: the IFF container (EA IFF 85) and the LWOB chunks of the LightWave object file format.
+void readLightWaveObject(const char* fileName, Mesh& mesh, std::uint32_t modeBits);
+
+} // namespace lumenfold

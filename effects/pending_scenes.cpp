@@ -1,0 +1,44 @@
+// Scenes that are not built yet hold a black frame. Whoever builds one deletes its line here.
+
+#include "effects/dormant.h"
+#include "effects/end_scroller.h"
+#include "effects/framed_fire_pole.h"
+#include "effects/metaball_flares.h"
+#include "effects/pulsing_tube.h"
+#include "effects/sprite_ring_cube.h"
+#include "effects/stealth_flight.h"
+#include "effects/tumbling_showcase.h"
+#include "effects/tunnel_opening.h"
+#include "effects/twin_tunnel.h"
+#include "effects/wave_warp.h"
+#include "effects/welding_film.h"
+
+#include <algorithm>
+
+namespace lumenfold {
+
+namespace {
+void black(FrameInfo info, EffectCommand command, Pixel32* pixels) {
+    if (command == EffectCommand::Render)
+        std::fill_n(pixels, info.width * info.height, 0U);
+}
+} // namespace
+
+// clang-format off
+void tunnelOpening(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void spriteRingCube(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void tumblingShowcase(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void twinTunnel(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void weldingFilm(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void stealthFlight(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void waveWarp(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void framedFirePole(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void pulsingTube(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void metaballFlares(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void endScroller(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+std::uint8_t endScrollDone = 0;
+void dormantSparkPlane(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+void dormantFlarePicture(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
+// clang-format on
+
+} // namespace lumenfold

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "assets/mesh.h"
+#include "core/frame_info.h"
+#include "core/pixel.h"
+
+namespace lumenfold {
+
+// Draws a face whose corners are in camera space: cut at the near plane z = 0.2 into one or two triangles, dropped
+// when wholly behind it or wholly beyond z = 90.
+void clipAndDrawFace(const MeshFace& face, FrameInfo info, Pixel32* target, float depthBias);
+
+// Projects a triangle with all z >= 0.2, rejects it when off screen, degenerate or facing away, and hands it to the
+// filler that its material's mode word selects. Faces without a material or texture draw nothing.
+void drawTriangle(const MeshFace& face, FrameInfo info, Pixel32* target, float depthBias);
+
+// A white line one pixel wide, both ends drawn; pixels outside width x height are left out.
+void drawLine(int x0, int y0, int x1, int y1, Pixel32* target, int width, int height);
+
+} // namespace lumenfold

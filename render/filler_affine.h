@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/frame_info.h"
+#include "core/pixel.h"
+
+#include <cstdint>
+
+namespace lumenfold {
+
+// A projected corner for the fillers that interpolate texture coordinates linearly over the screen: snapped to whole
+// pixels and whole texels by the set-up. The second pair is used by the two-layer filler only.
+struct AffineCorner {
+    float x, y, z;
+    float u1, v1;
+    float u2, v2;
+};
+
+// Triangle set-up and walk of modes 0x401 and 0x11 (opaque) and 0x501 (added); coordinates from u1, v1.
+void drawTriangleAffine(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
+                        float depthBias);
+void drawTriangleAffineAdd(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
+                           float depthBias);
+
+// One row: ends a and b in any order; x, u, v in 16.16, z as floats in camera space.
+void drawSpanAffine(std::int32_t xa, std::int32_t xb, float za, float zb, std::int32_t ua, std::int32_t ub,
+                    std::int32_t va, std::int32_t vb, std::int32_t row, const Pixel32* texture, FrameInfo info,
+                    Pixel32* target, float depthBias);
+void drawSpanAffineAdd(std::int32_t xa, std::int32_t xb, float za, float zb, std::int32_t ua, std::int32_t ub,
+                       std::int32_t va, std::int32_t vb, std::int32_t row, const Pixel32* texture, FrameInfo info,
+                       Pixel32* target, float depthBias);
+
+// Mode 0x19: the sum (saturating) of two textures, each addressed with column v and row u.
+void drawTriangleTwoLayer(const AffineCorner (&corners)[3], const Pixel32* first, const Pixel32* second, FrameInfo info,
+                          Pixel32* target, float depthBias);
+
+} // namespace lumenfold

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/packed.h"
 #include "core/pixel.h"
 
 #include <cstddef>
@@ -11,9 +12,6 @@
 // otherwise, but must not overlap it partly.
 
 namespace lumenfold {
-
-// Per-byte sum, saturating at 255.
-Pixel32 addSaturated(Pixel32 a, Pixel32 b);
 
 // destination[i] = destination[i] +sat source[i].
 void addSaturated(Pixel32* destination, const Pixel32* source, std::size_t count);

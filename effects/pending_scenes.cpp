@@ -1,7 +1,5 @@
 // Scenes that are not built yet hold a black frame. Whoever builds one deletes its line here.
 
-#include "effects/dormant.h"
-#include "effects/end_scroller.h"
 #include "effects/framed_fire_pole.h"
 #include "effects/metaball_flares.h"
 #include "effects/pulsing_tube.h"
@@ -10,7 +8,6 @@
 #include "effects/tumbling_showcase.h"
 #include "effects/tunnel_opening.h"
 #include "effects/twin_tunnel.h"
-#include "effects/wave_warp.h"
 #include "effects/welding_film.h"
 
 #include <algorithm>
@@ -31,14 +28,9 @@ void tumblingShowcase(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i
 void twinTunnel(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void weldingFilm(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void stealthFlight(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
-void waveWarp(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void framedFirePole(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void pulsingTube(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void metaballFlares(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
-void endScroller(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
-std::uint8_t endScrollDone = 0;
-void dormantSparkPlane(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
-void dormantFlarePicture(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 // clang-format on
 
 } // namespace lumenfold

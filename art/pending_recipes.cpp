@@ -1,0 +1,19 @@
+// Families of assets that have no sources yet. A family that lists its own recipes takes its line out here.
+#include "art/recipe.h"
+
+namespace lumenfold::art {
+
+std::vector<Recipe> pictureRecipes() {
+    return {};
+}
+std::vector<Recipe> letteringRecipes() {
+    return {};
+}
+std::vector<Recipe> objectRecipes() {
+    return {};
+}
+std::vector<Recipe> tuneRecipes() {
+    return {};
+}
+
+} // namespace lumenfold::art

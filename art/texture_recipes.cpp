@@ -1,0 +1,9 @@
+#include "art/recipe.h"
+
+namespace lumenfold::art {
+
+std::vector<Recipe> textureRecipes() {
+    return {};
+}
+
+} // namespace lumenfold::art

@@ -1,5 +1,6 @@
 #include "effects/dormant.h"
 
+#include "effects/frame_size.h"
 #include "effects/picture.h"
 
 // No part of the timeline shows these scenes. They load with the others all the same: a missing picture of theirs ends
@@ -34,7 +35,7 @@ void dormantFlarePicture(FrameInfo info, EffectCommand command, Pixel32*, float)
         return;
     flarePicture.background = loadPicture("svampbak.jpg", info.width, info.height);
     flarePicture.flare = loadPicture("petrolflare.jpg", 32, 32);
-    flarePicture.frame.assign(static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height), 0);
+    flarePicture.frame.assign(pixelCount(info), 0);
 }
 
 } // namespace lumenfold

@@ -3,10 +3,7 @@
 #include "effects/framed_fire_pole.h"
 #include "effects/metaball_flares.h"
 #include "effects/pulsing_tube.h"
-#include "effects/sprite_ring_cube.h"
 #include "effects/stealth_flight.h"
-#include "effects/tumbling_showcase.h"
-#include "effects/tunnel_opening.h"
 #include "effects/twin_tunnel.h"
 #include "effects/welding_film.h"
 
@@ -22,9 +19,6 @@ void black(FrameInfo info, EffectCommand command, Pixel32* pixels) {
 } // namespace
 
 // clang-format off
-void tunnelOpening(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
-void spriteRingCube(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
-void tumblingShowcase(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void twinTunnel(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void weldingFilm(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }
 void stealthFlight(FrameInfo i, EffectCommand c, Pixel32* p, float) { black(i, c, p); }

@@ -1,16 +1,17 @@
 #pragma once
 
 #include "assets/image.h"
+#include "effects/frame_size.h"
 
-#include <cstddef>
 #include <vector>
 
 namespace lumenfold {
 
 // A picture file of exactly width x height pixels, owned by the caller. Throws as loadImage does.
 inline std::vector<Pixel32> loadPicture(const char* fileName, int width, int height) {
-    std::vector<Pixel32> picture(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
-    loadImage(fileName, picture.data(), width, height, FrameInfo{width, height, 0, 0, 0}, 0);
+    const FrameInfo size{width, height, 0, 0, 0};
+    std::vector<Pixel32> picture(pixelCount(size));
+    loadImage(fileName, picture.data(), width, height, size, 0);
     return picture;
 }
 

@@ -4,6 +4,7 @@
 #include "core/convert.h"
 #include "core/kernels.h"
 #include "core/trig.h"
+#include "effects/frame_size.h"
 #include "effects/phase_clock.h"
 #include "effects/wave_grid.h"
 
@@ -23,10 +24,6 @@ struct State {
     // runs on from frame to frame
     PhaseClock clock;
 } state;
-
-std::size_t pixelCount(FrameInfo info) {
-    return static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height);
-}
 
 void init(FrameInfo info, float time) {
     state = State{};

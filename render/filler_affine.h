@@ -33,4 +33,15 @@ void drawSpanAffineAdd(std::int32_t xa, std::int32_t xb, float za, float zb, std
 void drawTriangleTwoLayer(const AffineCorner (&corners)[3], const Pixel32* first, const Pixel32* second, FrameInfo info,
                           Pixel32* target, float depthBias);
 
+// Coordinates of one span end in both textures, 16.16.
+struct TwoLayerCoordinates {
+    std::int32_t u1, v1;
+    std::int32_t u2, v2;
+};
+
+// One row of mode 0x19, as drawSpanAffine.
+void drawSpanTwoLayer(std::int32_t xa, std::int32_t xb, float za, float zb, const TwoLayerCoordinates& a,
+                      const TwoLayerCoordinates& b, std::int32_t row, const Pixel32* first, const Pixel32* second,
+                      FrameInfo info, Pixel32* target, float depthBias);
+
 } // namespace lumenfold

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "core/convert.h"
+#include "core/frame_info.h"
+#include "core/pixel.h"
+#include "render/depth_buffer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+// Rows of the affine fillers, with one texture (coordinates u, v) or two (u, v of the first, u, v of the second).
+
+namespace lumenfold {
+
+template <int layers>
+using Layers = std::array<const Pixel32*, static_cast<std::size_t>(layers)>;
+template <int layers>
+using Coordinates = std::array<std::int32_t, static_cast<std::size_t>(2 * layers)>;
+
+// One end of a row.
+template <int layers>
+struct AffineEnd {
+    std::int32_t x; // 16.16
+    float z;
+    Coordinates<layers> coordinates; // 16.16
+};
+
+// Pixels of one row that lie on the target, before the depth test.
+template <int layers>
+struct AffineRun {
+    Pixel32* target;
+    float* depth;
+    std::int32_t count;
+    float depthBias;
+    float d, dStep; // 1/z + bias
+    Coordinates<layers> start, step;
+    Layers<layers> textures;
+};
+
+// Cuts the row between two ends at the target's borders. False when nothing of it is on the target.
+template <int layers>
+bool makeAffineRun(AffineRun<layers>& run, const AffineEnd<layers>& a, const AffineEnd<layers>& b, std::int32_t row,
+                   FrameInfo info, Pixel32* target, float depthBias) {
+    std::int32_t left = a.x >> 16;
+    std::int32_t right = b.x >> 16;
+    if (row < 0 || row >= info.height || left == right)
+        return false;
+    const AffineEnd<layers>* leftEnd = &a;
+    const AffineEnd<layers>* rightEnd = &b;
+    if (left > right) {
+        std::swap(left, right);
+        std::swap(leftEnd, rightEnd);
+    }
+    if (left >= info.width || right < 0)
+        return false;
+
+    const std::int32_t length = right - left;
+    const float leftDepth = 1.0F / leftEnd->z;
+    run.depthBias = depthBias;
+    run.dStep = (1.0F / rightEnd->z - leftDepth) / static_cast<float>(length);
+    run.d = leftDepth + depthBias;
+    run.start = leftEnd->coordinates;
+    // whole numbers of 32 bits: the same quotient as by double precision, truncated
+    for (std::size_t i = 0; i < run.step.size(); ++i)
+        run.step[i] = wrapSub(rightEnd->coordinates[i], leftEnd->coordinates[i]) / length;
+
+    if (left < 0) {
+        run.d += static_cast<float>(-left) * run.dStep;
+        for (std::size_t i = 0; i < run.step.size(); ++i)
+            run.start[i] = wrapAdd(run.start[i], wrapMul(-left, run.step[i]));
+        left = 0;
+    }
+    if (right >= info.width)
+        right = info.width - 1; // a row that is cut leaves out the last column
+    const std::int64_t at = std::int64_t{row} * info.width + left;
+    run.target = target + at;
+    run.depth = depthBuffer + at;
+    run.count = right - left;
+    return run.count > 0;
+}
+
+// The texel of one layer: columns and rows wrap.
+inline Pixel32 texelAt(const Pixel32* texture, std::uint32_t column, std::uint32_t row) {
+    return texture[(row >> 8 & 0xFF00) | (column >> 16 & 0xFF)];
+}
+
+// The plain walk over a run; shade(coordinates, pixel) gives the new pixel.
+template <int layers, class Shade>
+void drawRunPlain(const AffineRun<layers>& run, Shade shade) {
+    Coordinates<layers> coordinates = run.start;
+    float d = run.d;
+    for (std::int32_t i = 0; i < run.count; ++i) {
+        if (d - run.depthBias > 0.0F && run.depth[i] < d) {
+            run.target[i] = shade(coordinates, run.target[i]);
+            run.depth[i] = d;
+        }
+        for (std::size_t k = 0; k < coordinates.size(); ++k)
+            coordinates[k] = wrapAdd(coordinates[k], run.step[k]);
+        d += run.dStep;
+    }
+}
+
+} // namespace lumenfold

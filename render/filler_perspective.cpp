@@ -1,0 +1,170 @@
+#include "render/filler_perspective.h"
+
+#include "core/convert.h"
+#include "render/depth_buffer.h"
+#include "render/perspective_rows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace lumenfold {
+
+namespace {
+
+// Rows are walked one by one from the top corner, on the screen or not, because the edges accumulate in floats. A
+// float does not count rows beyond this one: triangles that reach farther (or hold NaN) are left out.
+constexpr float farthestRow = 16777216.0F;
+
+struct Corner {
+    float x, y; // screen + 0.5
+    Planar planar;
+
+    std::int32_t row() const { return truncate(y); }
+    // from the corner to the first row
+    float preStep() const { return 1.0F - (y - static_cast<float>(row())); }
+};
+
+Corner makeCorner(const PerspectiveCorner& corner) {
+    const float w = 1.0F / corner.z;
+    return {corner.x + 0.5F, corner.y + 0.5F, {w, w * corner.u, w * corner.v}};
+}
+
+// The plane through the three corners' values of one quantity.
+struct Plane {
+    float dx1, dy1, dx2, dy2; // top to middle, top to bottom
+    float denominator;
+
+    Plane(const Corner& top, const Corner& middle, const Corner& bottom)
+        : dx1(middle.x - top.x), dy1(middle.y - top.y), dx2(bottom.x - top.x), dy2(bottom.y - top.y),
+          denominator(dx2 * dy1 - dx1 * dy2) {}
+
+    float perPixel(float top, float middle, float bottom) const {
+        return ((bottom - top) * dy1 - (middle - top) * dy2) / denominator;
+    }
+    float perRow(float top, float middle, float bottom) const {
+        return ((middle - top) * dx2 - (bottom - top) * dx1) / denominator;
+    }
+};
+
+class Walker {
+  public:
+    Walker(const PerspectiveTriangle& triangle, std::int32_t height, const Planar& perRow, PerspectiveRows drawRows)
+        : triangle_(triangle), height_(height), perRow_(perRow), drawRows_(drawRows) {}
+
+    void startLeft(const Corner& corner, float slope) {
+        const float p = corner.preStep();
+        const Planar& perPixel = triangle_.perPixel;
+        edges_.left = corner.x + slope * p;
+        edges_.leftStep = slope;
+        edges_.planarStep = {perPixel.w * slope + perRow_.w, perPixel.u * slope + perRow_.u,
+                             perPixel.v * slope + perRow_.v};
+        edges_.planar = {corner.planar.w + edges_.planarStep.w * p, corner.planar.u + edges_.planarStep.u * p,
+                         corner.planar.v + edges_.planarStep.v * p};
+    }
+
+    void startRight(const Corner& corner, float slope) {
+        edges_.right = corner.x + slope * corner.preStep();
+        edges_.rightStep = slope;
+    }
+
+    void walk(std::int32_t row, std::int32_t end) {
+        for (const std::int32_t hidden = std::min(end, 0); row < hidden; ++row)
+            edges_.advance();
+        end = std::min(end, height_);
+        if (row < end)
+            drawRows_(triangle_, edges_, row, end);
+    }
+
+  private:
+    const PerspectiveTriangle& triangle_;
+    std::int32_t height_;
+    Planar perRow_;
+    PerspectiveRows drawRows_;
+    PerspectiveEdges edges_{};
+};
+
+bool middleIsLeft(const Corner& top, const Corner& middle, const Corner& bottom, float slopeToMiddle,
+                  float slopeToBottom) {
+    if (middle.y == bottom.y)
+        return bottom.x > middle.x;
+    if (top.y == middle.y)
+        return top.x > middle.x;
+    return slopeToBottom > slopeToMiddle;
+}
+
+// 0 where the edge has no height: it is not used there.
+float slope(const Corner& from, const Corner& to) {
+    return to.y > from.y ? (to.x - from.x) / (to.y - from.y) : 0.0F;
+}
+
+void drawTriangle(const PerspectiveCorner (&projected)[3], PerspectiveTriangle& triangle, std::int32_t height,
+                  PerspectiveRows drawRows) {
+    Corner top = makeCorner(projected[0]);
+    Corner middle = makeCorner(projected[1]);
+    Corner bottom = makeCorner(projected[2]);
+    for (const Corner* corner : {&top, &middle, &bottom}) {
+        if (!(std::fabs(corner->y) <= farthestRow))
+            return;
+    }
+    if (middle.y < top.y)
+        std::swap(top, middle);
+    if (bottom.y < top.y)
+        std::swap(top, bottom);
+    if (bottom.y < middle.y)
+        std::swap(middle, bottom);
+
+    const std::int32_t topRow = top.row();
+    const std::int32_t middleRow = middle.row();
+    const std::int32_t bottomRow = bottom.row();
+    if (topRow >= bottomRow)
+        return;
+    if (truncate(top.x) == truncate(middle.x) && truncate(middle.x) == truncate(bottom.x))
+        return;
+    const Plane plane(top, middle, bottom);
+    if (plane.denominator == 0.0F)
+        return;
+
+    triangle.perPixel = {plane.perPixel(top.planar.w, middle.planar.w, bottom.planar.w),
+                         plane.perPixel(top.planar.u, middle.planar.u, bottom.planar.u),
+                         plane.perPixel(top.planar.v, middle.planar.v, bottom.planar.v)};
+    triangle.perBlock = {16.0F * triangle.perPixel.w, 16.0F * triangle.perPixel.u, 16.0F * triangle.perPixel.v};
+    const Planar perRow = {plane.perRow(top.planar.w, middle.planar.w, bottom.planar.w),
+                           plane.perRow(top.planar.u, middle.planar.u, bottom.planar.u),
+                           plane.perRow(top.planar.v, middle.planar.v, bottom.planar.v)};
+    const float topMiddle = slope(top, middle);
+    const float topBottom = slope(top, bottom);
+    const float middleBottom = slope(middle, bottom);
+
+    Walker walker(triangle, height, perRow, drawRows);
+    if (middleIsLeft(top, middle, bottom, topMiddle, topBottom)) {
+        walker.startRight(top, topBottom);
+        walker.startLeft(top, topMiddle);
+        walker.walk(topRow, middleRow);
+        walker.startLeft(middle, middleBottom);
+        walker.walk(middleRow, bottomRow);
+    } else {
+        walker.startLeft(top, topBottom);
+        walker.startRight(top, topMiddle);
+        walker.walk(topRow, middleRow);
+        walker.startRight(middle, middleBottom);
+        walker.walk(middleRow, bottomRow);
+    }
+}
+
+} // namespace
+
+void drawTexturedPerspective(const PerspectiveCorner (&corners)[3], const Pixel32* texture, FrameInfo info,
+                             Pixel32* target, float depthBias) {
+    PerspectiveTriangle triangle{texture, target, depthBuffer, info.width, depthBias, 0, {}, {}};
+    drawTriangle(corners, triangle, info.height, drawRowsPlain);
+}
+
+void drawTexturedPerspectiveAdd(const PerspectiveCorner (&corners)[3], const Pixel32* texture, FrameInfo info,
+                                Pixel32* target, float depthBias, std::int32_t scroll) {
+    PerspectiveTriangle triangle{
+        texture, target, depthBuffer, info.width, depthBias, static_cast<std::uint32_t>(toFixed16(scroll)), {}, {}};
+    drawTriangle(corners, triangle, info.height, drawRowsAddPlain);
+}
+
+} // namespace lumenfold

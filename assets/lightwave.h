@@ -2,7 +2,9 @@
 
 #include "assets/mesh.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <iosfwd>
 
 namespace lumenfold {
 
@@ -13,5 +15,9 @@ namespace lumenfold {
 // chunk longer than the file) is skipped and told.
 // Source: the IFF container (EA IFF 85) and the LWOB chunks of the LightWave object file format.
 void readLightWaveObject(const char* fileName, Mesh& mesh, std::uint32_t modeBits);
+
+// The same for an object file in memory, with the commentary on a stream of the caller's.
+void readLightWaveObject(const std::uint8_t* bytes, std::size_t size, Mesh& mesh, std::uint32_t modeBits,
+                         std::ostream& commentary);
 
 } // namespace lumenfold

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "core/pixel.h"
+#include "effects/warp.h"
+
+namespace lumenfold {
+
+inline constexpr int lightSpotSide = 512;
+
+// Paints the disc of light, lightSpotSide x lightSpotSide pixels: yellow-white in the middle, black from radius 255
+// on.
+void paintLightSpot(Pixel32* picture);
+
+// The frame seen as a quad on the picture of the spot: it turns while its corners close in on the middle, first fast,
+// then ever more slowly, so that the light grows until it fills the frame.
+struct LightSpot {
+    float radius = 10000.0F; // of the corners, in texels of the picture
+    int shrink = 300;        // taken from the radius in a frame
+
+    // The corners for this frame; the radius shrinks afterwards.
+    WarpQuad closeIn(float time);
+};
+
+} // namespace lumenfold

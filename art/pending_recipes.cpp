@@ -9,9 +9,6 @@ std::vector<Recipe> pictureRecipes() {
 std::vector<Recipe> letteringRecipes() {
     return {};
 }
-std::vector<Recipe> objectRecipes() {
-    return {};
-}
 std::vector<Recipe> tuneRecipes() {
     return {};
 }

@@ -1,0 +1,105 @@
+// The entropy-coded data of the scan (T.81, F.2.2) into component planes.
+
+#include "assets/jpeg.h"
+#include "assets/jpeg_kernels.h"
+#include "assets/jpeg_transform.h"
+#include "core/convert.h"
+
+namespace lumenfold {
+
+namespace {
+
+// Natural position of each coefficient in the order of the file (T.81, figure A.6).
+constexpr std::array<std::uint8_t, 64> zigzag = {0,  1,  8,  16, 9,  2,  3,  10, 17, 24, 32, 25, 18, 11, 4,  5,
+                                                 12, 19, 26, 33, 40, 48, 41, 34, 27, 20, 13, 6,  7,  14, 21, 28,
+                                                 35, 42, 49, 56, 57, 50, 43, 36, 29, 22, 15, 23, 30, 37, 44, 51,
+                                                 58, 59, 52, 45, 38, 31, 39, 46, 53, 60, 61, 54, 47, 55, 62, 63};
+
+constexpr int largestCategory = 15;
+
+struct BlockTables {
+    const JpegHuffmanTable& dc;
+    const JpegHuffmanTable& ac;
+    const std::array<std::uint16_t, 64>& steps;
+};
+
+void setCoefficient(JpegBlock& block, std::size_t k, std::int32_t value, std::uint16_t step) {
+    const std::int32_t scaled = wrapMul(value, step);
+    const std::size_t position = zigzag[k];
+    block.coefficients[position] = scaled;
+    block.present |= std::uint64_t{1} << position;
+    block.magnitude |= static_cast<std::uint32_t>(scaled < 0 ? wrapSub(0, scaled) : scaled);
+    ++block.count;
+}
+
+// Reads one block's coefficients; false when the data is no code.
+bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t& predictor, JpegBlock& block) {
+    block = {};
+    reader.refill();
+    const int category = tables.dc.decode(reader);
+    if (category < 0 || category > largestCategory)
+        return false;
+    predictor = wrapAdd(predictor, reader.takeExtended(category));
+    setCoefficient(block, 0, predictor, tables.steps[0]);
+    for (std::size_t k = 1; k < 64; ++k) {
+        reader.refill();
+        const JpegHuffmanTable::Coefficient& whole = tables.ac.coefficient(reader);
+        std::int32_t value = whole.value;
+        if (whole.length != 0) {
+            reader.drop(whole.length);
+            k += whole.run;
+        } else {
+            const int runCategory = tables.ac.decode(reader);
+            if (runCategory < 0)
+                return false;
+            k += static_cast<std::size_t>(runCategory >> 4);
+            if ((runCategory & 15) == 0) {
+                if (runCategory != 0xF0)
+                    break;
+                continue;
+            }
+            value = reader.takeExtended(runCategory & 15);
+        }
+        if (k > 63)
+            break;
+        setCoefficient(block, k, value, tables.steps[k]);
+    }
+    return true;
+}
+
+} // namespace
+
+void JpegDecoder::decodeScan() {
+    const auto transform = jpegKernels().transform;
+    JpegBitReader reader(position, end, restartInterval != 0);
+    JpegBlock block;
+    const std::size_t units = frame.unitsAcross * frame.unitsDown;
+    for (std::size_t unit = 0; unit < units && !reader.pastEnd(); ++unit) {
+        if (restartInterval != 0 && unit != 0 && unit % restartInterval == 0) {
+            if (!reader.restart())
+                return;
+            for (JpegScanComponent& part : scan)
+                part.predictor = 0;
+        }
+        const std::size_t unitRow = unit / frame.unitsAcross;
+        const std::size_t unitColumn = unit % frame.unitsAcross;
+        for (JpegScanComponent& part : scan) {
+            JpegComponent& component = frame.components[part.component];
+            const BlockTables tables{dcTables[static_cast<std::size_t>(part.dcTable)],
+                                     acTables[static_cast<std::size_t>(part.acTable)],
+                                     quantisation[static_cast<std::size_t>(component.quantisation)].steps};
+            const auto across = static_cast<std::size_t>(component.horizontal);
+            const auto down = static_cast<std::size_t>(component.vertical);
+            for (std::size_t by = 0; by < down; ++by)
+                for (std::size_t bx = 0; bx < across; ++bx) {
+                    if (!decodeBlock(reader, tables, part.predictor, block))
+                        return;
+                    const std::size_t row = (unitRow * down + by) * 8;
+                    const std::size_t column = (unitColumn * across + bx) * 8;
+                    transform(block, component.samples.data() + row * component.stride + column, component.stride);
+                }
+        }
+    }
+}
+
+} // namespace lumenfold

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "core/kernels.h"
+
+#include <random>
+#include <vector>
+
+namespace lumenfold::test {
+
+// Pixels of every value, the top byte too.
+inline std::vector<Pixel32> randomPixels(std::size_t count, unsigned seed) {
+    std::mt19937 random(seed);
+    std::vector<Pixel32> pixels(count);
+    for (Pixel32& pixel : pixels)
+        pixel = static_cast<Pixel32>(random());
+    return pixels;
+}
+
+// One byte at a time, as pixel arithmetic is told.
+template <class Operation>
+Pixel32 perByte(Pixel32 a, Pixel32 b, Operation operation) {
+    Pixel32 result = 0;
+    for (int shift = 0; shift < 32; shift += 8)
+        result |= static_cast<Pixel32>(operation(a >> shift & 255, b >> shift & 255) & 255) << shift;
+    return result;
+}
+
+inline Pixel32 saturatedSum(Pixel32 a, Pixel32 b) {
+    return perByte(a, b, [](Pixel32 x, Pixel32 y) { return x + y > 255 ? 255 : x + y; });
+}
+
+// Runs a test's body with the plain and, where there is one, with the vectorised code.
+template <class Body>
+void withBothForms(Body body) {
+    const bool before = vectorCode();
+    for (const bool vector : {false, true}) {
+        setVectorCode(vector);
+        body();
+    }
+    setVectorCode(before);
+}
+
+} // namespace lumenfold::test

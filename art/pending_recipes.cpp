@@ -9,8 +9,5 @@ std::vector<Recipe> pictureRecipes() {
 std::vector<Recipe> letteringRecipes() {
     return {};
 }
-std::vector<Recipe> tuneRecipes() {
-    return {};
-}
 
 } // namespace lumenfold::art

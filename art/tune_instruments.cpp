@@ -1,0 +1,75 @@
+#include "art/tune_instruments.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumenfold::art {
+namespace {
+
+constexpr int kRelativeNote = 24; // C-4 reads kSampleRate samples a second
+
+std::vector<std::int16_t> quantised(const synth::Samples& sound) {
+    std::vector<std::int16_t> result;
+    result.reserve(sound.size());
+    for (const double value : sound) {
+        const double clamped = std::max(-1.0, std::min(1.0, value));
+        result.push_back(static_cast<std::int16_t>(std::floor(clamped * 32767.0 + 0.5)));
+    }
+    return result;
+}
+
+} // namespace
+
+XmInstrument oneShot(const std::string& name, synth::Samples sound, double level, int panning) {
+    synth::normalise(sound, level);
+    synth::fadeEnds(sound, 0.0003, 0.004); // whatever the recipe does, no click at either end
+    XmInstrument instrument;
+    instrument.name = name;
+    instrument.samples = quantised(sound);
+    instrument.panning = panning;
+    instrument.relativeNote = kRelativeNote;
+    return instrument;
+}
+
+XmInstrument seamless(const std::string& name, synth::Samples loop, double hertz, double level, int panning) {
+    synth::normalise(loop, level);
+    XmInstrument instrument;
+    instrument.name = name;
+    instrument.samples = quantised(loop);
+    instrument.loopLength = static_cast<int>(instrument.samples.size());
+    instrument.panning = panning;
+    const double semitones = 12.0 * synth::logarithm(synth::kMiddleC / hertz) / synth::logarithm(2.0);
+    const double whole = std::floor(semitones + 0.5);
+    instrument.relativeNote = kRelativeNote + static_cast<int>(whole);
+    instrument.fineTune = static_cast<int>(std::floor((semitones - whole) * 128.0 + 0.5));
+    return instrument;
+}
+
+XmInstrument halved(XmInstrument instrument) {
+    std::vector<std::int16_t> kept;
+    for (std::size_t i = 0; i < instrument.samples.size(); i += 2) {
+        kept.push_back(instrument.samples[i]);
+    }
+    instrument.samples = std::move(kept);
+    instrument.loopStart /= 2;
+    instrument.loopLength /= 2;
+    instrument.relativeNote -= 12;
+    return instrument;
+}
+
+std::vector<XmInstrument> tuneInstruments() {
+    std::vector<XmInstrument> instruments;
+    for (int i = 1; i < static_cast<int>(Sound::count); ++i) {
+        const auto sound = static_cast<Sound>(i);
+        if (sound <= Sound::crash) {
+            instruments.push_back(percussion(sound));
+        } else if (sound <= Sound::riser || sound >= Sound::sea) {
+            instruments.push_back(atmosphere(sound));
+        } else {
+            instruments.push_back(tonal(sound));
+        }
+    }
+    return instruments;
+}
+
+} // namespace lumenfold::art

@@ -1,0 +1,20 @@
+#include "driver/demo_time.h"
+
+#include "driver/extended.h"
+
+namespace lumenfold {
+
+DemoTime::DemoTime(std::int64_t frequency)
+    : invFrequency(Extended::reciprocal(static_cast<std::uint64_t>(frequency)).toFloat()) {}
+
+std::uint32_t DemoTime::timeUnits(std::int64_t counter) const {
+    const Extended seconds =
+        Extended::fromInteger(static_cast<std::uint64_t>(counter)) * Extended::fromFloat(invFrequency);
+    return (seconds * Extended::fromInteger(980)).lowWord();
+}
+
+float DemoTime::at(std::int64_t counter) const {
+    return static_cast<float>(timeUnits(counter) * 0.016);
+}
+
+} // namespace lumenfold

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "driver/midas.h"
+#include "platform/player/module_player.h"
+
+namespace lumenfold {
+
+// Where the music layer's sound goes: what each platform adds to the layer. One tune plays at a time.
+class SoundOutput {
+  public:
+    virtual ~SoundOutput() = default;
+
+    // Takes the device; silent at first. Throws std::runtime_error with the cause.
+    virtual void open() = 0;
+    virtual void close() = 0;
+
+    // The device begins to ask for sound.
+    virtual void run() = 0;
+    virtual void pause() = 0;
+
+    // The player is not owned, and not touched any more once stop() has returned.
+    virtual void start(ModulePlayer& player) = 0;
+    virtual void stop() = 0;
+
+    // Who is told of the sync commands; null: nobody. Not called any more once this has returned.
+    virtual void report(MIDASsyncCallback callback) = 0;
+};
+
+SoundOutput& soundOutput();
+
+} // namespace lumenfold

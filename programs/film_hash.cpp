@@ -1,0 +1,75 @@
+#include "programs/film_hash.h"
+
+#include "programs/film_output.h"
+
+#include <cstdio>
+#include <stdexcept>
+#include <vector>
+
+namespace lumenfold::film {
+
+std::array<std::uint64_t, hashLanes> hashPictures(const std::array<const Pixel32*, hashLanes>& pictures,
+                                                  std::size_t count) {
+    constexpr std::uint64_t offset = 14695981039346656037U;
+    constexpr std::uint64_t prime = 1099511628211U;
+    std::array<std::uint64_t, hashLanes> hashes;
+    hashes.fill(offset);
+    for (std::size_t i = 0; i < count; ++i)
+        for (const int shift : {0, 8, 16})
+            for (std::size_t lane = 0; lane < hashLanes; ++lane)
+                hashes[lane] = (hashes[lane] ^ (pictures[lane][i] >> shift & 0xFF)) * prime;
+    return hashes;
+}
+
+namespace {
+
+class HashLines : public Output {
+  public:
+    explicit HashLines(std::FILE* file) : stream(file) {}
+
+    void frame(const Frame& frame) override {
+        Pending& slot = pending[filled++];
+        slot.frame = frame;
+        slot.pixels.assign(frame.pixels, frame.pixels + frame.width * frame.height);
+        if (filled == hashLanes)
+            print();
+    }
+
+    void finish() override {
+        print();
+        if (std::fflush(stream) != 0)
+            throw std::runtime_error("the hashes cannot be written");
+    }
+
+  private:
+    struct Pending {
+        Frame frame{};
+        std::vector<Pixel32> pixels;
+    };
+
+    void print() {
+        if (filled == 0)
+            return;
+        std::array<const Pixel32*, hashLanes> pictures;
+        for (std::size_t lane = 0; lane < hashLanes; ++lane)
+            pictures[lane] = pending[lane < filled ? lane : 0].pixels.data();
+        const auto hashes = hashPictures(pictures, pending[0].pixels.size());
+        for (std::size_t lane = 0; lane < filled; ++lane)
+            std::fprintf(stream, "%lld %.9g %d %016llx\n", static_cast<long long>(pending[lane].frame.number),
+                         static_cast<double>(pending[lane].frame.time), pending[lane].frame.part,
+                         static_cast<unsigned long long>(hashes[lane]));
+        filled = 0;
+    }
+
+    std::FILE* stream;
+    std::array<Pending, hashLanes> pending;
+    std::size_t filled = 0;
+};
+
+} // namespace
+
+std::unique_ptr<Output> makeHashLines(std::FILE* stream) {
+    return std::make_unique<HashLines>(stream);
+}
+
+} // namespace lumenfold::film

@@ -48,4 +48,8 @@ using PerspectiveRows = void (*)(const PerspectiveTriangle& triangle, Perspectiv
 void drawRowsPlain(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row, std::int32_t end);
 void drawRowsAddPlain(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row, std::int32_t end);
 
+// The same bits eight pixels at a time; null where this build has no vector code. To be called while vectorCode().
+PerspectiveRows vectorRows();
+PerspectiveRows vectorRowsAdd();
+
 } // namespace lumenfold

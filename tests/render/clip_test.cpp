@@ -1,0 +1,275 @@
+#include "render/clip.h"
+
+#include "clip_reference.h"
+#include "filler_scene.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace lumenfold {
+namespace {
+
+using namespace test;
+
+constexpr std::uint32_t allModes[] = {0x09, 0x29, 0x401, 0x501, 0x11, 0x19, 0x200, 0x201};
+
+std::unique_ptr<TextureLayer> layerOf(std::vector<Pixel32>& texels) {
+    auto layer = std::make_unique<TextureLayer>();
+    layer->texels = texels.data();
+    return layer;
+}
+
+// One face with its own corners, material and two textures.
+struct TestFace {
+    std::vector<Pixel32> first = noiseTexture(1);
+    std::vector<Pixel32> second = noiseTexture(2);
+    std::array<MeshVertex, 3> vertices{};
+    MeshMaterial material;
+    MeshFace face;
+
+    TestFace() {
+        material.colourLayer = layerOf(first);
+        material.reflectionLayer = layerOf(second);
+        material.mode = 0x09;
+        face.material = &material;
+        for (std::size_t i = 0; i < 3; ++i)
+            face.corners[i] = &vertices[i];
+        face.uv1 = {0, 0, 100, 0, 100, 100};
+        face.uv2 = {20, 30, 200, 50, 90, 150};
+        place({-1, 1, 4}, {1, 1, 4}, {1, -1, 4});
+    }
+    void place(const Vector3& a, const Vector3& b, const Vector3& c) {
+        const Vector3* points[] = {&a, &b, &c};
+        for (std::size_t i = 0; i < 3; ++i) {
+            vertices[i].x = (*points[i])[0];
+            vertices[i].y = (*points[i])[1];
+            vertices[i].z = (*points[i])[2];
+        }
+    }
+};
+
+std::size_t drawnPixels(const TestFace& face, int width = 64, int height = 48) {
+    GuardedPicture picture(width, height);
+    clipAndDrawFace(face.face, picture.info(), picture.select(), 0.0F);
+    EXPECT_TRUE(picture.guardsIntact());
+    const Pixel32* pixels = picture.target();
+    return static_cast<std::size_t>(std::count_if(pixels, pixels + picture.size(), [](Pixel32 p) { return p != 0; }));
+}
+
+TEST(Clip, WhichFacesAreDrawn) {
+    const float nearest = 0.2F; // as a float a little beyond the plane
+    const struct {
+        const char* what;
+        Vector3 a, b, c;
+        bool drawn;
+    } cases[] = {
+        {"in view", {-1, 1, 4}, {1, 1, 4}, {1, -1, 4}, true},
+        {"the other way round", {-1, 1, 4}, {1, -1, 4}, {1, 1, 4}, false},
+        {"one corner far", {-1, 1, 1}, {1, 1, 1}, {100, -100, 100}, true},
+        {"all corners far", {-100, 100, 90.5F}, {100, 100, 91}, {100, -100, 95}, false},
+        {"all at the far limit", {-100, 100, 90}, {100, 100, 90}, {100, -100, 90}, true},
+        {"all behind", {-1, 1, 0.1F}, {1, 1, -4}, {1, -1, 0}, false},
+        {"all on the near plane", {-.1F, .1F, nearest}, {.1F, .1F, nearest}, {.1F, -.1F, nearest}, true},
+        {"flat in y", {-1, 0, 1}, {1, 0, 1}, {0, 0, 3}, false},
+        {"left of the screen", {-9, 1, 4}, {-8, 1, 4}, {-8, -1, 4}, false},
+        {"right of the screen", {8, 1, 4}, {9, 1, 4}, {9, -1, 4}, false},
+        {"above the screen", {-1, 9, 4}, {1, 9, 4}, {1, 8, 4}, false},
+        {"below the screen", {-1, -8, 4}, {1, -8, 4}, {1, -9, 4}, false},
+    };
+    for (const auto& c : cases) {
+        TestFace face;
+        face.place(c.a, c.b, c.c);
+        EXPECT_EQ(drawnPixels(face) > 0, c.drawn) << c.what;
+    }
+}
+
+TEST(Clip, ACutFaceFillsWhatIsInFront) {
+    // A floor that passes under the viewer: below the horizon every pixel is covered, above none.
+    TestFace face;
+    face.material.doubleSided = 1;
+    face.place({-1000, -1, 50}, {1000, -1, 50}, {0, -1, -100});
+    GuardedPicture picture(64, 48);
+    clipAndDrawFace(face.face, picture.info(), picture.select(), 0.0F);
+    for (int x = 0; x < 64; ++x) {
+        EXPECT_EQ(picture.depth()[20 * 64 + x], 0.0F);
+        for (int y = 26; y < 48; ++y)
+            EXPECT_GT(picture.depth()[y * 64 + x], 0.0F) << x << ", " << y;
+    }
+}
+
+TEST(Clip, ModesSelectTextureAndCoordinates) {
+    // Constant coordinates: u 10, v 20 in the first set, u 30, v 40 in the second. Texel = texture, row, column.
+    const auto texel = [](Pixel32 texture, Pixel32 row, Pixel32 column) { return texture << 16 | row << 8 | column; };
+    const struct {
+        std::uint32_t mode;
+        Pixel32 expected;
+    } cases[] = {
+        {0x09, texel(1, 20, 10)},
+        {0x29, texel(1, 10, 25)}, // columns of mode 0x29 scroll
+        {0x401, texel(1, 20, 10)},
+        {0x501, texel(1, 20, 10)},
+        {0x11, texel(1, 40, 30)},
+        {0x19, texel(3, 40, 60)}, // 1 + 2, rows 10 + 30, columns 20 + 40
+        {0x200, 0},               // an outline only: nothing in the middle
+        {0x201, 0},
+        {0x209, 0},
+        {0x0B, 0},
+        {0x01, 0},
+        {0x31, 0},
+        {0x08, 0},
+        {0x400, 0},
+        {0x109, 0},
+    };
+    for (const auto& c : cases) {
+        TestFace face;
+        for (Pixel32 i = 0; i < texturePixels; ++i) {
+            face.first[i] = texel(1, i >> 8, i & 255);
+            face.second[i] = texel(2, i >> 8, i & 255);
+        }
+        face.face.uv1 = {10.5F, 20.5F, 10.5F, 20.5F, 10.5F, 20.5F};
+        face.face.uv2 = {30.5F, 40.5F, 30.5F, 40.5F, 30.5F, 40.5F};
+        face.material.mode = c.mode;
+        face.material.scroll = 5;
+        GuardedPicture picture(64, 48);
+        clipAndDrawFace(face.face, picture.info(), picture.select(), 0.0F);
+        EXPECT_EQ(picture.target()[21 * 64 + 35], c.expected) << std::hex << c.mode;
+    }
+}
+
+TEST(Clip, FacesWithoutMaterialOrTextureDrawNothing) {
+    for (const std::uint32_t mode : {0x09U, 0x19U}) {
+        TestFace face;
+        face.material.mode = mode;
+        face.material.reflectionLayer->texels = nullptr;
+        EXPECT_EQ(drawnPixels(face) > 0, mode == 0x09);
+        face.material.reflectionLayer.reset();
+        EXPECT_EQ(drawnPixels(face) > 0, mode == 0x09);
+        face.material.colourLayer->texels = nullptr;
+        EXPECT_EQ(drawnPixels(face), 0U);
+        face.material.colourLayer.reset();
+        EXPECT_EQ(drawnPixels(face), 0U);
+        face.face.material = nullptr;
+        EXPECT_EQ(drawnPixels(face), 0U);
+    }
+}
+
+// Faces around the near plane and the screen's edges; every third one with a corner at a place of its own kind.
+void randomize(TestFace& face, Random& random) {
+    for (std::size_t i = 0; i < 3; ++i) {
+        MeshVertex& vertex = face.vertices[i];
+        vertex.z = below(random, 12) == 0 ? 0.2F : between(random, -1.5F, below(random, 4) == 0 ? 100.0F : 4.0F);
+        const float reach = std::max(std::abs(vertex.z), 0.3F) * 1.2F;
+        vertex.x = between(random, -reach, reach);
+        vertex.y = below(random, 12) == 0 ? 0.0F : between(random, -reach, reach);
+        for (std::size_t k = 2 * i; k < 2 * i + 2; ++k) {
+            face.face.uv1[k] = between(random, -300, 300);
+            face.face.uv2[k] = between(random, 0, 256);
+        }
+    }
+    face.material.mode = allModes[static_cast<std::size_t>(below(random, static_cast<int>(std::size(allModes))))];
+    face.material.doubleSided = static_cast<std::uint32_t>(below(random, 2));
+    face.material.scroll = below(random, 600) - 300;
+}
+
+TEST(Clip, EqualsTheReference) {
+    Random random(3);
+    TestFace face;
+    GuardedPicture picture(80, 60);
+    GuardedPicture expected(80, 60);
+    for (int round = 0; round < 20000; ++round) {
+        if (round % 100 == 0) {
+            picture.clear();
+            expected.clear();
+        }
+        randomize(face, random);
+        const float bias = static_cast<float>(round % 100);
+        clipAndDrawFace(face.face, picture.info(), picture.select(), bias);
+        reference::clipAndDrawFace(face.face, expected.info(), expected.select(), bias);
+        ASSERT_EQ(std::memcmp(picture.target(), expected.target(), picture.size() * sizeof(Pixel32)), 0) << round;
+        ASSERT_EQ(std::memcmp(picture.depth(), expected.depth(), picture.size() * sizeof(float)), 0) << round;
+    }
+}
+
+TEST(Clip, NumbersOfAnyKindStayInTheFrame) {
+    Random random(4);
+    const float kinds[] = {0.0F,  -1.0F,  0.2F,     0.19999F,  90.1F,
+                           1e9F,  -1e9F,  3.4e38F,  -3.4e38F,  1e-40F,
+                           2e10F, -5e12F, INFINITY, -INFINITY, std::numeric_limits<float>::quiet_NaN()};
+    const auto any = [&]() {
+        return below(random, 3) == 0
+                   ? between(random, -5, 5)
+                   : kinds[static_cast<std::size_t>(below(random, static_cast<int>(std::size(kinds))))];
+    };
+    TestFace face;
+    GuardedPicture picture(64, 48);
+    for (int round = 0; round < 20000; ++round) {
+        randomize(face, random);
+        for (MeshVertex& vertex : face.vertices)
+            vertex = {any(), any(), any(), 0, 0, 0, 0};
+        for (float& value : face.face.uv1)
+            value = any();
+        clipAndDrawFace(face.face, picture.info(), picture.select(), 0.0F);
+        ASSERT_TRUE(picture.guardsIntact()) << round;
+    }
+}
+
+TEST(Line, SmallLines) {
+    const struct {
+        int x0, y0, x1, y1;
+        const char* rows; // 5 x 3
+    } cases[] = {
+        {0, 0, 3, 1, "##...|..##.|.....|"},   {3, 1, 0, 0, "##...|..##.|.....|"},  {2, 1, 2, 1, ".....|..#..|.....|"},
+        {0, 0, 2, 2, "#....|.#...|..#..|"},   {4, -5, 4, 9, "....#|....#|....#|"}, {-3, 2, 9, 2, ".....|.....|#####|"},
+        {-9, 5, -1, 1, ".....|.....|.....|"},
+    };
+    for (const auto& c : cases) {
+        std::vector<Pixel32> drawn(15);
+        std::vector<Pixel32> literal(15);
+        drawLine(c.x0, c.y0, c.x1, c.y1, drawn.data(), 5, 3);
+        reference::drawLine(c.x0, c.y0, c.x1, c.y1, literal.data(), 5, 3);
+        EXPECT_EQ(drawn, literal);
+        std::string rows;
+        for (std::size_t i = 0; i < 15; ++i) {
+            rows += drawn[i] == 0xFFFFFFFF ? '#' : '.';
+            if (i % 5 == 4)
+                rows += '|';
+        }
+        EXPECT_EQ(rows, c.rows) << c.x0 << ", " << c.y0 << " to " << c.x1 << ", " << c.y1;
+    }
+}
+
+TEST(Line, EqualsTheReference) {
+    Random random(5);
+    for (int round = 0; round < 20000; ++round) {
+        const int reach = round % 2 == 0 ? 60 : 3000;
+        const auto any = [&]() { return below(random, 2 * reach) - reach / 2; };
+        const int ends[] = {any(), any(), any(), any()};
+        GuardedPicture picture(40, 30);
+        GuardedPicture expected(40, 30);
+        drawLine(ends[0], ends[1], ends[2], ends[3], picture.target(), 40, 30);
+        reference::drawLine(ends[0], ends[1], ends[2], ends[3], expected.target(), 40, 30);
+        ASSERT_EQ(std::memcmp(picture.target(), expected.target(), picture.size() * sizeof(Pixel32)), 0) << round;
+        ASSERT_TRUE(picture.guardsIntact());
+    }
+}
+
+TEST(Line, EndsAnywhere) {
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int most = std::numeric_limits<int>::max();
+    std::vector<Pixel32> pixels(40 * 30);
+    drawLine(least, least, most, most, pixels.data(), 40, 30);
+    for (int i = 0; i < 30; ++i)
+        EXPECT_EQ(pixels[static_cast<std::size_t>(41 * i)], 0xFFFFFFFF);
+    const int ends[] = {least, -1, 0, 20, most};
+    for (const int x0 : ends)
+        for (const int y0 : ends)
+            for (const int x1 : ends)
+                for (const int y1 : ends)
+                    drawLine(x0, y0, x1, y1, pixels.data(), 40, 30);
+}
+
+} // namespace
+} // namespace lumenfold

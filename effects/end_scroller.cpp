@@ -44,8 +44,8 @@ void render(FrameInfo info, Pixel32* pixels) {
     for (int y = 0, rows = 0; y < info.height; y += rows) {
         const int row = (top + y) % pictureHeight;
         rows = std::min(info.height - y, pictureHeight - row); // up to where the picture wraps
-        copyBlock(pixels + y * info.width, info.width, &state.picture[static_cast<std::size_t>(row * pictureWidth)],
-                  pictureWidth, pictureWidth, rows);
+        copyBlock(pixels + y * info.width, info.width, state.picture.data() + row * pictureWidth, pictureWidth,
+                  pictureWidth, rows);
     }
 }
 

@@ -25,15 +25,15 @@ void RingBackdrop::set(std::vector<Pixel32> bandPicture, std::vector<Pixel32> st
 // scroll never takes the run past the band's end.
 void RingBackdrop::addBands(Pixel32* pixels) const {
     static_assert(shownPixels + 508 <= bandPixels);
-    addSaturated(pixels + upperStart, &band[static_cast<std::size_t>(bandScroll)], shownPixels);
-    addSaturated(pixels + lowerEnd - (shownPixels - 1),
-                 &turnedBand[static_cast<std::size_t>(bandPixels - shownPixels - bandScroll)], shownPixels);
+    addSaturated(pixels + upperStart, band.data() + bandScroll, shownPixels);
+    addSaturated(pixels + lowerEnd - (shownPixels - 1), turnedBand.data() + bandPixels - shownPixels - bandScroll,
+                 shownPixels);
 }
 
 void RingBackdrop::addStrip(Pixel32* pixels) const {
     for (int y = 0; y < frameHeight; ++y) {
         const int row = (stripOffset + stripWidth * y) & 0xFFFF;
-        addSaturated(pixels + y * frameWidth, &strip[static_cast<std::size_t>(row)], stripWidth);
+        addSaturated(pixels + y * frameWidth, strip.data() + row, stripWidth);
     }
 }
 

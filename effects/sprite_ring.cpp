@@ -41,14 +41,16 @@ void drawSpriteRing(SpriteRing& ring, FrameInfo settings, double T, Pixel32* pix
     stepFrequency(ring, T);
 
     constexpr int side = SpriteRing::spriteSide;
+    const int middleX = settings.width / 2;
+    const int middleY = settings.height / 2;
     for (int step = 0; step < ring.span; step += degreesPerSprite) {
         const auto a = static_cast<float>(step);
         const double radius = trig::sin((ring.frequency * a + phase) * degree) * amplitude + mean;
         const double angle = (spin + a) * degree;
-        const int y = truncate(trig::sin(angle) * radius + settings.height / 2);
+        const int y = truncate(trig::sin(angle) * radius + middleY);
         if (y <= 0 || y >= settings.height)
             continue;
-        const int x = truncate(trig::cos(angle) * radius + settings.width / 2);
+        const int x = truncate(trig::cos(angle) * radius + middleX);
         stampAdd(pixels, settings.width, settings.height, ring.sprite, side, side, x - side / 2, y - side / 2);
     }
     if (ring.span < 360)

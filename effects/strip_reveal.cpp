@@ -16,7 +16,7 @@ void StripReveal::advance(Pixel32* frame, Pixel32* background) {
     if (rows >= height)
         return;
     rows = std::min(rows + 5, height);
-    const Pixel32* shown = &strip[static_cast<std::size_t>((height - rows) * width)];
+    const Pixel32* shown = strip.data() + (height - rows) * width;
     stampAdd(frame, frameWidth, frameHeight, shown, width, rows, left, 0);
     if (rows == height)
         stampAdd(background, frameWidth, frameHeight, shown, width, height, left, 0);

@@ -61,7 +61,7 @@ void drawGridWarp(Pixel32* target, FrameInfo area, const WarpGrid& grid, const P
     const float cellHeight = static_cast<float>(area.height) * 0.020833333333333332F; // 1/48
     // an area that is not a multiple of the cell leaves a border that the grid has no points for
     for (int row = 0, y = 0; row < cellRows && y < area.height; ++row, y = nextCell(y, cellHeight)) {
-        const WarpPoint* point = &grid[static_cast<std::size_t>(row * warpGridWidth)];
+        const WarpPoint* point = grid.data() + row * warpGridWidth;
         for (int column = 0, x = 0; column < cellColumns && x < area.width;
              ++column, ++point, x = nextCell(x, cellWidth))
             fillWarpCell(area, target, texture, x, y, cellCorners(point, &WarpPoint::u),

@@ -25,8 +25,8 @@ void buildWaveGrid(WarpGrid& grid, float t) {
     // what depends on the column only
     std::array<double, warpGridWidth> uWave;
     std::array<double, warpGridWidth> vBase;
-    for (int i = -right; i <= right; ++i) {
-        const auto column = static_cast<std::size_t>(i + right);
+    for (std::size_t column = 0; column < uWave.size(); ++column) {
+        const int i = static_cast<int>(column) - right;
         uWave[column] = uAmplitude * sin(uFrequency * i) + uDrift;
         vBase[column] = vSlant * i + vDrift;
     }

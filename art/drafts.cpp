@@ -58,7 +58,7 @@ constexpr std::size_t draftCount = sizeof drafts / sizeof drafts[0];
 
 void makeDraft(const Draft& draft, std::uint32_t seed, const std::string& path) {
     const Period period = {std::max(1, draft.width / 32), std::max(1, draft.height / 32)};
-    Picture picture = renderPicture(draft.width, draft.height, 1, [&](float x, float y) -> Colour {
+    Picture picture = renderPicture(draft.width, draft.height, 1, [&](float x, float y, std::uint32_t) -> Colour {
         const Vec3 place = {x * static_cast<float>(period.x) / static_cast<float>(draft.width),
                             y * static_cast<float>(period.y) / static_cast<float>(draft.height), 0.5F};
         const float n = fractalNoise(place, 4, seed, period);

@@ -39,8 +39,7 @@ void Picture::change(const std::function<Colour(Colour, int x, int y)>& change) 
     });
 }
 
-Picture renderPicture(int width, int height, int samples, const std::function<Colour(float x, float y)>& shade,
-                      float highlightWeight) {
+Picture renderPicture(int width, int height, int samples, const Shader& shade, float highlightWeight) {
     Picture picture(width, height);
     const float share = 1 / static_cast<float>(samples * samples);
     const float step = 1 / static_cast<float>(samples);
@@ -49,7 +48,8 @@ Picture renderPicture(int width, int height, int samples, const std::function<Co
         for (int i = 0; i < samples * samples; ++i) {
             const float column = static_cast<float>(i % samples) + hashUnit(x, y, i, 1);
             const float row = static_cast<float>(i / samples) + hashUnit(x, y, i, 2);
-            const Colour light = shade(static_cast<float>(x) + column * step, static_cast<float>(y) + row * step);
+            const Colour light =
+                shade(static_cast<float>(x) + column * step, static_cast<float>(y) + row * step, hashOf(x, y, i, 3));
             sum += light * (share / (1 + highlightWeight * largest(light)));
         }
         return sum * (1 / std::max(0.1F, 1 - highlightWeight * largest(sum)));

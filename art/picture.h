@@ -38,11 +38,13 @@ struct Bitmap {
 // What lies beyond an edge: the edge pixel again, or the other side (for seamless pictures).
 enum class Edge { clamp, wrap };
 
+using Shader = std::function<Colour(float x, float y, std::uint32_t seed)>;
+
 // Each pixel is the mean of samples x samples jittered points of `shade`, which takes picture coordinates (pixel
-// (0, 0) covers 0 to 1). Bright points are weighed down before the mean and the mean weighed up again by
-// `highlightWeight` (0 none, 0.25 for scenes with lamps), so that a highlight's edge stays smooth.
-Picture renderPicture(int width, int height, int samples, const std::function<Colour(float x, float y)>& shade,
-                      float highlightWeight = 0);
+// (0, 0) covers 0 to 1) and a number of the point's own for random choices. Bright points are weighed down before the
+// mean and the mean weighed up again by `highlightWeight` (0 none, 0.25 for scenes with lamps), so that a highlight's
+// edge stays smooth.
+Picture renderPicture(int width, int height, int samples, const Shader& shade, float highlightWeight = 0);
 
 Picture blurred(const Picture& picture, float sigma, Edge edge); // Gaussian, sigma in pixels
 

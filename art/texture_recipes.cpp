@@ -1,9 +1,24 @@
 #include "art/recipe.h"
+#include "art/textures.h"
 
 namespace lumenfold::art {
 
 std::vector<Recipe> textureRecipes() {
-    return {};
+    return {
+        {"petrolenv.jpg", true, makePetrolEnvironment},
+        {"phong5.jpg", true, makeChromeMirror},
+        {"eftex.jpg", true, makeOilMirror},
+        {"cubet5.jpg", true, makeMachineMirror},
+        {"cells3c.jpg", true, makeMembraneMirror},
+        {"cell1.jpg", true, makeTunnelCells},
+        {"cell5a.jpg", true, makeAddedCells},
+        {"slem4.jpg", true, makeSlime},
+        {"fdgrid.jpg", true, makeFloorGrid},
+        {"cubet4.jpg", true, makeRibTunnel},
+        {"bfs1.pcx", true, makeRingFlare},
+        {"bfs0.pcx", true, makeSparkFlare},
+        {"petrolflare.jpg", true, makePetrolFlare},
+    };
 }
 
 } // namespace lumenfold::art

@@ -1,0 +1,88 @@
+#include "art/textures.h"
+
+#include "art/encode.h"
+#include "art/noise.h"
+#include "art/relief.h"
+
+// The two textures of the ray-cast fields, which move fast and are sampled without filtering.
+
+namespace lumenfold::art {
+
+namespace {
+
+// Distance to the nearest multiple of 1, 0 to 0.5.
+float fromLine(float x) {
+    return std::fabs(x - std::floor(x + 0.5F));
+}
+
+// A lamp under glass: a hot core in a soft glow.
+Colour tube(float distance, float width, Colour colour) {
+    return colour * bell(distance, width) + palette::ice * (0.55F * bell(distance, width * 0.45F));
+}
+
+} // namespace
+
+// "fdgrid.jpg": glass floor over light channels. One large plate to a tile, seen far off at grazing angles and
+// scrolled 22 texels a frame: nothing in it is narrower than about eight texels.
+void makeFloorGrid(const std::string& path) {
+    Picture picture = texture(256, 3, [](float u, float v) {
+        const float du = fromLine(u);
+        const float dv = fromLine(v);
+        const float cloud = fractalNoise({3 * u, 3 * v, 1}, 3, 401, {3, 3});
+        Colour light = mix(palette::ink, palette::deep, 0.9F + 1.2F * cloud);
+        const float plate = smoothStep(0.055F, 0.085F, std::min(du, dv));
+        light += palette::petrol * (plate * (0.22F + 0.35F * (1 - v) * u + 0.30F * cloud));
+        const float inner = std::max(std::fabs(u - 0.5F), std::fabs(v - 0.5F));
+        light += palette::petrol * (0.7F * bell(inner - 0.36F, 0.020F));
+        light += tube(du, 0.020F, palette::teal * 1.1F);
+        light += tube(dv, 0.020F, palette::teal * 0.8F);
+        const float knot = length(du, dv);
+        light += palette::amber * (1.6F * bell(knot, 0.050F)) + palette::ember * (0.7F * bell(knot, 0.13F));
+        // a ring inlaid in the plate, its light folded along a line that rises to the right
+        const float ring = length(u - 0.5F, v - 0.5F);
+        const float side = smoothStep(-0.03F, 0.03F, 0.06F * (u - 0.5F) + v - 0.5F);
+        light += mix(palette::teal * 0.30F, palette::ice * 0.85F, side) * bell(ring - 0.19F, 0.017F);
+        light = light * (1 - 0.55F * smoothStep(0.155F, 0.13F, ring));
+        light += palette::amber * (0.9F * bell(ring, 0.030F)) + palette::ember * (0.4F * bell(ring, 0.08F));
+        return light;
+    });
+    picture = withBloom(picture, {3, 0.12F, 14, 0.16F}, Edge::wrap);
+    writeBitmap(path, developed(picture));
+}
+
+// "cubet4.jpg": ribs of the ray tunnel. A row is drawn up to eight pixels long and a column two or three wide; the
+// two halves of the tunnel mirror each other at columns 0 and 255.
+void makeRibTunnel(const std::string& path) {
+    Picture picture = texture(256, 4, [](float u, float v) {
+        const float row = 4 * v; // four ribs to a tile
+        const int rib = static_cast<int>(std::floor(row));
+        const float along = row - static_cast<float>(rib);
+        const float mirrored = 2 * fromLine(0.5F * u); // 0 at one seam, 1 at the other
+        const float panels = 6;
+        const float column = mirrored * panels + 0.5F * static_cast<float>(rib % 2);
+        const int panel = static_cast<int>(std::floor(column));
+        const float across = fromLine(column);
+        const float shade = hashUnit(panel, rib & 3, 0, 411);
+        const float cloud = fractalNoise({8 * mirrored, 8 * v, 2}, 3, 412, {0, 8});
+        // a recessed channel, a raised rib with bevels, panels between
+        const float ribBody = smoothStep(0.30F, 0.26F, std::fabs(along - 0.35F));
+        const float bevelLit = bell(along - 0.08F, 0.030F);
+        const float bevelRim = bell(along - 0.62F, 0.025F);
+        const float seam = smoothStep(0.020F, 0.045F, across);
+        Colour light = palette::deep * (0.35F + 0.5F * cloud);
+        light = mix(light, palette::petrol * (0.35F + 0.75F * shade + 0.5F * cloud), ribBody * seam);
+        light += palette::ice * (0.40F * bevelLit * seam) + palette::amber * (0.30F * bevelRim * seam * (rib % 2 == 0));
+        const float lamp = bell(along - 0.82F, 0.045F);
+        const float hot = bell(along - 0.82F, 0.020F);
+        const Colour glow = rib == 2 ? palette::amber : palette::teal;
+        const float cut =
+            smoothStep(0.42F, 0.36F, std::fabs(fromLine(mirrored * 3 + 0.2F * static_cast<float>(rib)) - 0));
+        light += (glow * (1.7F * lamp) + palette::ice * (0.9F * hot)) * cut;
+        light += glow * (0.25F * bell(along - 0.82F, 0.16F));
+        return light;
+    });
+    picture = withBloom(picture, {2.5F, 0.14F, 10, 0.14F}, Edge::wrap);
+    writeBitmap(path, developed(picture));
+}
+
+} // namespace lumenfold::art

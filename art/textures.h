@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+// One function per texture; each writes the finished file. The list of recipes stands in texture_recipes.cpp.
+
+namespace lumenfold::art {
+
+void makePetrolEnvironment(const std::string& path);
+
+void makeChromeMirror(const std::string& path);
+void makeOilMirror(const std::string& path);
+void makeMachineMirror(const std::string& path);
+void makeMembraneMirror(const std::string& path);
+
+void makeTunnelCells(const std::string& path);
+void makeAddedCells(const std::string& path);
+void makeSlime(const std::string& path);
+
+void makeFloorGrid(const std::string& path);
+void makeRibTunnel(const std::string& path);
+
+void makeRingFlare(const std::string& path);
+void makeSparkFlare(const std::string& path);
+void makePetrolFlare(const std::string& path);
+
+} // namespace lumenfold::art

@@ -3,22 +3,13 @@
 #include "core/convert.h"
 #include "core/frame_info.h"
 #include "core/pixel.h"
+#include "render/affine_run.h"
 #include "render/depth_buffer.h"
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
 #include <cstdint>
 #include <utility>
 
-// Rows of the affine fillers, with one texture (coordinates u, v) or two (u, v of the first, u, v of the second).
-
 namespace lumenfold {
-
-template <int layers>
-using Layers = std::array<const Pixel32*, static_cast<std::size_t>(layers)>;
-template <int layers>
-using Coordinates = std::array<std::int32_t, static_cast<std::size_t>(2 * layers)>;
 
 // One end of a row.
 template <int layers>
@@ -26,18 +17,6 @@ struct AffineEnd {
     std::int32_t x; // 16.16
     float z;
     Coordinates<layers> coordinates; // 16.16
-};
-
-// Pixels of one row that lie on the target, before the depth test.
-template <int layers>
-struct AffineRun {
-    Pixel32* target;
-    float* depth;
-    std::int32_t count;
-    float depthBias;
-    float d, dStep; // 1/z + bias
-    Coordinates<layers> start, step;
-    Layers<layers> textures;
 };
 
 // Cuts the row between two ends at the target's borders. False when nothing of it is on the target.
@@ -64,13 +43,13 @@ bool makeAffineRun(AffineRun<layers>& run, const AffineEnd<layers>& a, const Aff
     run.d = leftDepth + depthBias;
     run.start = leftEnd->coordinates;
     // whole numbers of 32 bits: the same quotient as by double precision, truncated
-    for (std::size_t i = 0; i < run.step.size(); ++i)
-        run.step[i] = wrapSub(rightEnd->coordinates[i], leftEnd->coordinates[i]) / length;
+    for (int i = 0; i < run.step.count; ++i)
+        run.step.of[i] = wrapSub(rightEnd->coordinates.of[i], leftEnd->coordinates.of[i]) / length;
 
     if (left < 0) {
         run.d += static_cast<float>(-left) * run.dStep;
-        for (std::size_t i = 0; i < run.step.size(); ++i)
-            run.start[i] = wrapAdd(run.start[i], wrapMul(-left, run.step[i]));
+        for (int i = 0; i < run.step.count; ++i)
+            run.start.of[i] = wrapAdd(run.start.of[i], wrapMul(-left, run.step.of[i]));
         left = 0;
     }
     if (right >= info.width)
@@ -97,8 +76,8 @@ void drawRunPlain(const AffineRun<layers>& run, Shade shade) {
             run.target[i] = shade(coordinates, run.target[i]);
             run.depth[i] = d;
         }
-        for (std::size_t k = 0; k < coordinates.size(); ++k)
-            coordinates[k] = wrapAdd(coordinates[k], run.step[k]);
+        for (int k = 0; k < coordinates.count; ++k)
+            coordinates.of[k] = wrapAdd(coordinates.of[k], run.step.of[k]);
         d += run.dStep;
     }
 }

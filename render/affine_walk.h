@@ -29,22 +29,22 @@ class AffineEdge {
     AffineEdge(const SnappedCorner<layers>& from, const SnappedCorner<layers>& to) {
         at.x = toFixed16(from.x);
         at.z = from.z;
-        for (std::size_t i = 0; i < at.coordinates.size(); ++i)
-            at.coordinates[i] = toFixed16(from.coordinates[i]);
+        for (int i = 0; i < at.coordinates.count; ++i)
+            at.coordinates.of[i] = toFixed16(from.coordinates.of[i]);
         const std::int32_t rows = to.y - from.y;
         if (rows == 0)
             return;
         step_.x = toFixed16(wrapSub(to.x, from.x)) / rows;
         step_.z = (to.z - from.z) / static_cast<float>(rows);
-        for (std::size_t i = 0; i < at.coordinates.size(); ++i)
-            step_.coordinates[i] = toFixed16(wrapSub(to.coordinates[i], from.coordinates[i])) / rows;
+        for (int i = 0; i < at.coordinates.count; ++i)
+            step_.coordinates.of[i] = toFixed16(wrapSub(to.coordinates.of[i], from.coordinates.of[i])) / rows;
     }
 
     void advance() {
         at.x = wrapAdd(at.x, step_.x);
         at.z += step_.z;
-        for (std::size_t i = 0; i < at.coordinates.size(); ++i)
-            at.coordinates[i] = wrapAdd(at.coordinates[i], step_.coordinates[i]);
+        for (int i = 0; i < at.coordinates.count; ++i)
+            at.coordinates.of[i] = wrapAdd(at.coordinates.of[i], step_.coordinates.of[i]);
     }
 
     AffineEnd<layers> at{};

@@ -23,11 +23,6 @@ inline __m256i firstLanes(std::int32_t count) {
     return _mm256_cmpgt_epi32(_mm256_set1_epi32(count), laneNumbers());
 }
 
-// 16.16 in every lane: start, start + step, start + 2 step and so on, wrapping.
-inline __m256i fixedRamp(std::int32_t start, std::int32_t step) {
-    return _mm256_add_epi32(_mm256_set1_epi32(start), _mm256_mullo_epi32(_mm256_set1_epi32(step), laneNumbers()));
-}
-
 // The texels of the lanes in mask, zero in the others; columns and rows (16.16) wrap.
 inline __m256i gatherTexels(const Pixel32* texture, __m256i column, __m256i row, __m256i mask) {
     const __m256i index = _mm256_or_si256(_mm256_and_si256(_mm256_srli_epi32(row, 8), _mm256_set1_epi32(0xFF00)),

@@ -1,0 +1,128 @@
+#include "effects/twin_tunnel.h"
+
+#include "effects/freeze.h"
+#include "random_pixels.h"
+#include "show_scenes.h"
+
+#include <map>
+
+namespace lumenfold {
+namespace {
+
+using test::saturatedSum;
+
+class TwinTunnel : public test::ShowScenes {
+  protected:
+    enum Flags : unsigned { f32 = 1, f37 = 2, f59 = 4 };
+
+    // Frames of a new run, each drawn over the one before; flags are set before the frames named.
+    std::vector<test::Frame> run(std::size_t count, const std::map<std::size_t, unsigned>& script) {
+        load({twinTunnel});
+        std::vector<test::Frame> frames;
+        test::Frame frame(pixelCount(test::show), background);
+        for (std::size_t n = 0; n < count; ++n) {
+            if (const auto flags = script.find(n); flags != script.end()) {
+                if (flags->second & f32)
+                    syncState.syncFlag32 = 1;
+                if (flags->second & f37)
+                    syncState.syncFlag37 = 1;
+                if (flags->second & f59)
+                    syncState.syncFlag59 = 1;
+            }
+            draw(twinTunnel, frame, 2000.0F + static_cast<float>(n) * 0.26F);
+            frames.push_back(frame);
+        }
+        return frames;
+    }
+
+    static constexpr Pixel32 background = 0x00102030;
+};
+
+TEST_F(TwinTunnel, BannersRunAlongTopAndBottomAndTheRestIsKept) {
+    const auto frames = run(3, {});
+    const auto banner = picture("bajsa.jpg", 256, 36);
+    for (std::size_t n = 0; n < frames.size(); ++n)
+        for (std::size_t y = 0; y < 384; ++y)
+            for (std::size_t x = 0; x < 512; ++x) {
+                const Pixel32 pixel = frames[n][y * 512 + x];
+                Pixel32 expected = pixel; // the band
+                if (y < 32 || y > 330 || (y == 330 && x > 0)) {
+                    expected = background;
+                } else if (y < 68) {
+                    expected = banner[((3 * n + x) & 255) + 256 * (y - 32)];
+                } else if (y * 512 + x > 168960 - 512 * 36) {
+                    const std::size_t k = 168960 - (y * 512 + x);
+                    expected = banner[((3 * n + k % 512) & 255) + 256 * (k / 512)];
+                }
+                ASSERT_EQ(pixel, expected) << x << ' ' << y;
+            }
+}
+
+TEST_F(TwinTunnel, SpotStaysWhileItsFlagStays) {
+    const auto dark = run(20, {});
+    EXPECT_EQ(syncState.syncFlag59, 0);
+    const auto lit = run(20, {{4, f59}});
+    EXPECT_EQ(syncState.syncFlag59, 1);
+    for (std::size_t n = 0; n < 20; ++n)
+        EXPECT_EQ(lit[n] == dark[n], n < 4) << n;
+}
+
+TEST_F(TwinTunnel, SwitchTakesBackFlagsAndPartAndFlashes) {
+    load({twinTunnel});
+    test::Frame frame = blank();
+    draw(twinTunnel, frame, 0.0F);
+    syncState.currentPart = 6;
+    for (SyncByte* flag : {&syncState.syncFlag32, &syncState.syncFlag33, &syncState.syncFlag59})
+        *flag = 1;
+    draw(twinTunnel, frame, 1.0F);
+    EXPECT_EQ(syncState.currentPart, 4);
+    EXPECT_EQ(syncState.syncFlag32 + syncState.syncFlag33 + syncState.syncFlag59, 0);
+    EXPECT_EQ(frame[0], 0xDFDFDFDFU); // a bar under the first step of the flash
+    EXPECT_EQ(frame[25 * 512 - 1], 0xDFDFDFDFU);
+    EXPECT_EQ(frame[359 * 512], 0xDFDFDFDFU);
+    syncState.currentPart = 5; // the music's next advance ends the part
+    draw(twinTunnel, frame, 2.0F);
+    EXPECT_EQ(syncState.currentPart, 5);
+}
+
+TEST_F(TwinTunnel, FlashFadesOverThePictureInEightFrames) {
+    const auto plain = run(30, {{0, f32}});
+    const auto flashed = run(30, {{0, f32}, {12, f32}});
+    for (std::size_t n = 9; n < 30; ++n) {
+        const Pixel32 level = n >= 12 && n < 19 ? static_cast<Pixel32>(223 - 32 * (n - 12)) : 0;
+        for (std::size_t i = 0; i < plain[n].size(); ++i)
+            ASSERT_EQ(flashed[n][i], saturatedSum(plain[n][i], level * 0x01010101)) << n;
+    }
+}
+
+TEST_F(TwinTunnel, FreezeHoldsTheFrameWithoutItsFlash) {
+    const auto moving = run(16, {{0, f32}});
+    const auto frozen = run(16, {{0, f32}, {10, f59}});
+    EXPECT_EQ(syncState.syncFlag59, 0);
+    test::Frame still = blank();
+    freezeFrame(still.data(), moving[10].data(), still.size());
+    EXPECT_EQ(test::Frame(frozenStill(), frozenStill() + still.size()), still);
+    for (std::size_t n = 0; n < 16; ++n)
+        EXPECT_EQ(frozen[n], n < 10 ? moving[n] : still) << n;
+
+    const auto both = run(12, {{0, f32}, {9, f32}, {10, f59}});
+    EXPECT_EQ(test::Frame(frozenStill(), frozenStill() + still.size()), still); // made before the flash
+    for (std::size_t i = 0; i < still.size(); ++i)
+        ASSERT_EQ(both[11][i], saturatedSum(still[i], 0x9F9F9F9F)) << i;
+}
+
+TEST_F(TwinTunnel, GreetingsScrollWithTime) {
+    const auto frames = run(40, {{0, f32}});
+    const auto greetings = picture("greets2.pcx", 32, 2048);
+    const float lt = 2000.0F + 39 * 0.26F - 2000.0F;
+    const auto s = static_cast<std::size_t>(lt * 5.0);
+    std::size_t same = 0; // the object may cover some
+    for (std::size_t y = 0; y < 384; ++y)
+        same += std::equal(greetings.begin() + static_cast<std::ptrdiff_t>(((y + s) & 2047) * 32),
+                           greetings.begin() + static_cast<std::ptrdiff_t>(((y + s) & 2047) * 32 + 32),
+                           frames[39].begin() + static_cast<std::ptrdiff_t>(y * 512 + 479));
+    EXPECT_GT(same, 300U);
+}
+
+} // namespace
+} // namespace lumenfold

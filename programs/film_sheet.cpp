@@ -69,7 +69,7 @@ class ContactSheet : public Output {
         stretch.moments.push_back({frame.number, frame.time, halved(frame)});
         if (stretch.moments.size() < 4 * shown)
             return;
-        for (std::size_t i = 0; i < 2 * shown; ++i)
+        for (std::size_t i = 1; i < 2 * shown; ++i)
             stretch.moments[i] = std::move(stretch.moments[2 * i]);
         stretch.moments.resize(2 * shown);
         stretch.distance *= 2;

@@ -53,6 +53,10 @@ void enterShowFolder(const std::string& asked) {
         throw std::runtime_error(folder.string() + ": " + error.message());
 }
 
+std::string objectFile(const std::string& object) {
+    return object.substr(0, object.find(','));
+}
+
 std::string ending(const std::string& fileName) {
     return std::filesystem::path(fileName).extension().string();
 }
@@ -70,8 +74,10 @@ std::unique_ptr<Output> makeOutput(const Options& options, const std::string& pa
     return makePictureFolder(path);
 }
 
-int makeFilm(const Options& options) {
+int makeFilm(Options options) {
     std::FILE* lines = separateOutput();
+    if (std::filesystem::exists(objectFile(options.object))) // otherwise it is one of the show's
+        options.object = fullPath(options.object);
     const std::string output = fullPath(options.output);
     const std::string sheet = fullPath(options.sheet);
     enterShowFolder(options.showFolder);
@@ -82,13 +88,15 @@ int makeFilm(const Options& options) {
     if (options.hash)
         film.add(makeHashLines(lines));
     if (!sheet.empty())
-        film.add(makeContactSheet(sheet, options.fps, !options.scene.empty()));
+        film.add(makeContactSheet(sheet, options.fps, !options.scene.empty() || !options.object.empty()));
     if (options.timeline)
         film.add(makeTimelineTable(lines, options.fps));
 
     setVectorCode(!options.plain);
     catchInterrupts();
-    if (!options.scene.empty())
+    if (!options.object.empty())
+        std::fputs(filmObject(film, options).c_str(), stderr);
+    else if (!options.scene.empty())
         filmScene(film, options);
     else
         filmShow(film, options);

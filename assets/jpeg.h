@@ -55,6 +55,7 @@ class JpegDecoder {
     void readScan(Segment segment);
     void checkTables() const;
     void decodeScan();
+    bool decodeUnit(JpegBitReader& reader, std::size_t unit);
 
     const std::uint8_t* position;
     const std::uint8_t* end;

@@ -18,7 +18,7 @@ class JpegBitReader {
     void refill() {
         if (available >= 32)
             return;
-        if (end - next >= 8) {
+        if (stop == Stop::None && end - next >= 8) {
             const std::uint64_t word = bigEndian(next);
             if (!holdsFF(word)) {
                 // The bits below the available ones are those of the next byte and will be laid over themselves.

@@ -5,6 +5,8 @@
 #include "assets/jpeg_transform.h"
 #include "core/convert.h"
 
+#include <algorithm>
+
 namespace lumenfold {
 
 namespace {
@@ -34,7 +36,10 @@ void setCoefficient(JpegBlock& block, std::size_t k, std::int32_t value, std::ui
 
 // Reads one block's coefficients; false when the data is no code.
 bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t& predictor, JpegBlock& block) {
-    block = {};
+    block.coefficients.fill(0);
+    block.present = 0;
+    block.magnitude = 0;
+    block.count = 0;
     reader.refill();
     const int category = tables.dc.decode(reader);
     if (category < 0 || category > largestCategory)
@@ -69,37 +74,46 @@ bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t&
 
 } // namespace
 
+// Damage ends an interval early, and the scan where there are no intervals.
 void JpegDecoder::decodeScan() {
-    const auto transform = jpegKernels().transform;
     JpegBitReader reader(position, end, restartInterval != 0);
-    JpegBlock block;
     const std::size_t units = frame.unitsAcross * frame.unitsDown;
-    for (std::size_t unit = 0; unit < units && !reader.pastEnd(); ++unit) {
-        if (restartInterval != 0 && unit != 0 && unit % restartInterval == 0) {
-            if (!reader.restart())
+    const std::size_t interval = restartInterval != 0 ? restartInterval : units;
+    for (std::size_t first = 0; first < units; first += interval) {
+        if (first != 0 && !reader.restart())
+            return;
+        for (JpegScanComponent& part : scan)
+            part.predictor = 0;
+        const std::size_t last = std::min(first + interval, units);
+        for (std::size_t unit = first; unit < last && decodeUnit(reader, unit); ++unit)
+            if (reader.pastEnd())
                 return;
-            for (JpegScanComponent& part : scan)
-                part.predictor = 0;
-        }
-        const std::size_t unitRow = unit / frame.unitsAcross;
-        const std::size_t unitColumn = unit % frame.unitsAcross;
-        for (JpegScanComponent& part : scan) {
-            JpegComponent& component = frame.components[part.component];
-            const BlockTables tables{dcTables[static_cast<std::size_t>(part.dcTable)],
-                                     acTables[static_cast<std::size_t>(part.acTable)],
-                                     quantisation[static_cast<std::size_t>(component.quantisation)].steps};
-            const auto across = static_cast<std::size_t>(component.horizontal);
-            const auto down = static_cast<std::size_t>(component.vertical);
-            for (std::size_t by = 0; by < down; ++by)
-                for (std::size_t bx = 0; bx < across; ++bx) {
-                    if (!decodeBlock(reader, tables, part.predictor, block))
-                        return;
-                    const std::size_t row = (unitRow * down + by) * 8;
-                    const std::size_t column = (unitColumn * across + bx) * 8;
-                    transform(block, component.samples.data() + row * component.stride + column, component.stride);
-                }
-        }
     }
+}
+
+// The blocks of one minimum coded unit; false when the data is no code.
+bool JpegDecoder::decodeUnit(JpegBitReader& reader, std::size_t unit) {
+    const auto transform = jpegKernels().transform;
+    const std::size_t unitRow = unit / frame.unitsAcross;
+    const std::size_t unitColumn = unit % frame.unitsAcross;
+    JpegBlock block;
+    for (JpegScanComponent& part : scan) {
+        JpegComponent& component = frame.components[part.component];
+        const BlockTables tables{dcTables[static_cast<std::size_t>(part.dcTable)],
+                                 acTables[static_cast<std::size_t>(part.acTable)],
+                                 quantisation[static_cast<std::size_t>(component.quantisation)].steps};
+        const auto across = static_cast<std::size_t>(component.horizontal);
+        const auto down = static_cast<std::size_t>(component.vertical);
+        for (std::size_t by = 0; by < down; ++by)
+            for (std::size_t bx = 0; bx < across; ++bx) {
+                if (!decodeBlock(reader, tables, part.predictor, block))
+                    return false;
+                const std::size_t row = (unitRow * down + by) * 8;
+                const std::size_t column = (unitColumn * across + bx) * 8;
+                transform(block, component.samples.data() + row * component.stride + column, component.stride);
+            }
+    }
+    return true;
 }
 
 } // namespace lumenfold

@@ -1,0 +1,282 @@
+// The JPEG reader beside the literal formulas, what it reads beyond them, and what it refuses.
+
+#include "assets/jpeg.h"
+#include "assets/jpeg_kernels.h"
+#include "core/dynamic_error.h"
+#include "core/kernels.h"
+#include "jpeg_literal.h"
+#include "jpeg_writer.h"
+
+#include <gtest/gtest.h>
+
+namespace lumenfold::test {
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+constexpr Pixel32 untouched = 0x12345678;
+
+std::vector<Pixel32> decode(const Bytes& file, int width, int height) {
+    std::vector<Pixel32> pixels(static_cast<std::size_t>(width * height), untouched);
+    decodeJpegFile(file.data(), file.size(), "picture.jpg", pixels.data(), {width, height, 0, 0, 0});
+    return pixels;
+}
+
+// Both forms of the decoder's loops.
+void expectLiteral(const Bytes& file, const char* what) {
+    LiteralPicture expected = decodeLiterally(file);
+    repairLiterally(expected);
+    for (const bool vectorised : {false, true}) {
+        setVectorCode(vectorised);
+        EXPECT_EQ(decode(file, expected.width, expected.height), expected.pixels) << what << ' ' << vectorised;
+    }
+}
+
+} // namespace
+
+TEST(Jpeg, DecodesAsTheFormulas) {
+    const std::vector<JpegFactors> samplings[] = {
+        {{1, 1}},                         // grey
+        {{2, 2}},                         // grey, four blocks to the unit
+        {{1, 1}, {1, 1}},                 // without Cr
+        {{1, 1}, {1, 1}, {1, 1}},         // 4:4:4
+        {{2, 1}, {1, 1}, {1, 1}},         // 4:2:2
+        {{2, 2}, {1, 1}, {1, 1}},         // 4:2:0
+        {{1, 2}, {1, 1}, {1, 1}},         // 4:4:0
+        {{4, 1}, {1, 1}, {1, 1}},         // 4:1:1
+        {{4, 2}, {2, 1}, {1, 2}},         // all different
+        {{4, 4}, {3, 1}, {1, 3}},         // quarters and three quarters
+        {{3, 3}, {1, 2}, {2, 1}},         // thirds
+        {{1, 1}, {2, 2}, {1, 1}},         // luminance coarser than Cb
+        {{2, 2}, {1, 1}, {1, 1}, {2, 2}}, // four components
+    };
+    unsigned seed = 1;
+    for (const auto& sampling : samplings)
+        for (const auto& [width, height] : {std::pair(64, 48), std::pair(61, 35), std::pair(7, 5), std::pair(2, 2)})
+            for (const int density : {0, 4, 30}) {
+                JpegRecipe recipe;
+                recipe.width = width;
+                recipe.height = height;
+                recipe.components = sampling;
+                recipe.seed = seed++;
+                recipe.density = density;
+                expectLiteral(makeJpeg(recipe), ::testing::PrintToString(seed).c_str());
+            }
+}
+
+// The rest of the coded unit in which the data ends is read as zero bits; what follows stays black.
+TEST(Jpeg, EndAndStopMarkersWithinTheScan) {
+    JpegRecipe recipe;
+    recipe.width = 48;
+    recipe.height = 40;
+    recipe.components = {{2, 2}, {1, 1}, {1, 1}};
+    const Bytes whole = makeJpeg(recipe);
+    for (std::size_t length = entropyStart(whole); length < whole.size() - 2; length += 7) {
+        Bytes file(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+        if (file.back() == 0xFF)
+            file.push_back(0);
+        Bytes stopped = file;
+        file.insert(file.end(), {0xFF, 0xD9});
+        stopped.insert(stopped.end(), {0xFF, 0xDC, 0, 4, 0, 40, 0xFF, 0xD9});
+        expectLiteral(file, "end of image");
+        expectLiteral(stopped, "number of lines");
+        EXPECT_EQ(decode(Bytes(file.begin(), file.end() - 2), 48, 40), decode(file, 48, 40)) << "nothing behind it";
+        file.insert(file.end(), 40, 0x55);
+        expectLiteral(file, "bytes behind the end");
+    }
+}
+
+TEST(Jpeg, ReadsVariantsOfTheSamePicture) {
+    JpegRecipe recipe;
+    recipe.width = 40;
+    recipe.height = 24;
+    recipe.components = {{2, 1}, {1, 1}, {1, 1}};
+    const std::vector<Pixel32> expected = decode(makeJpeg(recipe), 40, 24);
+    JpegRecipe joined = recipe;
+    joined.oneSegment = true;
+    JpegRecipe wide = recipe;
+    wide.wideQuantisation = true;
+    JpegRecipe extra = recipe;
+    extra.extraSegments = true;
+    for (const JpegRecipe& variant : {joined, wide, extra})
+        EXPECT_EQ(decode(makeJpeg(variant), 40, 24), expected);
+    Bytes extended = makeJpeg(recipe); // the extended process with 8-bit samples codes alike
+    for (std::size_t i = 0; i + 1 < entropyStart(extended); ++i)
+        if (extended[i] == 0xFF && extended[i + 1] == 0xC0)
+            extended[i + 1] = 0xC1;
+    EXPECT_EQ(decode(extended, 40, 24), expected);
+}
+
+// Each interval starts from predictors 0, so its blocks are those of a picture of its own. Without an interval
+// restart markers are passed over and the predictors run on.
+TEST(Jpeg, RestartIntervals) {
+    for (const int interval : {1, 3, 6}) {
+        JpegRecipe recipe;
+        recipe.width = 48;
+        recipe.height = 16;
+        recipe.restartInterval = interval;
+        recipe.density = 0;
+        const Bytes file = makeJpeg(recipe);
+        const std::vector<Pixel32> pixels = decode(file, 48, 16);
+        Bytes single; // one interval's data under the header of an 8 x 8 picture
+        std::size_t start = entropyStart(file);
+        for (int unit = 0; unit < 12; unit += interval) {
+            std::size_t finish = start;
+            while (!(file[finish] == 0xFF && file[finish + 1] != 0))
+                ++finish;
+            single.assign(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(entropyStart(file)));
+            for (std::size_t i = 0; i + 8 < single.size(); ++i)
+                if (single[i] == 0xFF && single[i + 1] == 0xC0) {
+                    single[i + 6] = 8; // height
+                    single[i + 8] = 8; // width
+                }
+            single.insert(single.end(), file.begin() + static_cast<std::ptrdiff_t>(start),
+                          file.begin() + static_cast<std::ptrdiff_t>(finish));
+            const std::size_t corner = static_cast<std::size_t>(unit / 6 * 8 * 48 + unit % 6 * 8);
+            EXPECT_EQ(pixels[corner], decode(single, 8, 8)[0]) << interval << ' ' << unit;
+            start = finish + 2;
+        }
+    }
+    JpegRecipe plain;
+    plain.width = 48;
+    Bytes file = makeJpeg(plain);
+    const std::vector<Pixel32> expected = decode(file, 48, 16);
+    // Between two bytes of the data, neither of which belongs to a stuffed pair.
+    std::size_t middle = (entropyStart(file) + file.size()) / 2;
+    while (file[middle - 1] == 0xFF || file[middle] == 0)
+        ++middle;
+    file.insert(file.begin() + static_cast<std::ptrdiff_t>(middle), {0xFF, 0xD3, 0xFF, 0xFE, 0, 4, 0xFF, 0xD9});
+    EXPECT_EQ(decode(file, 48, 16), expected);
+}
+
+// A damaged interval leaves the next ones alone.
+TEST(Jpeg, RestartsAfterDamage) {
+    JpegRecipe recipe;
+    recipe.width = 64;
+    recipe.height = 32;
+    recipe.restartInterval = 8;
+    recipe.density = 30;
+    Bytes file = makeJpeg(recipe);
+    const std::vector<Pixel32> expected = decode(file, 64, 32);
+    file.erase(file.begin() + static_cast<std::ptrdiff_t>(entropyStart(file)) + 4); // the first row of blocks
+    const std::vector<Pixel32> pixels = decode(file, 64, 32);
+    EXPECT_NE(std::vector(pixels.begin(), pixels.begin() + 512), std::vector(expected.begin(), expected.begin() + 512));
+    EXPECT_EQ(std::vector(pixels.begin() + 512, pixels.end()), std::vector(expected.begin() + 512, expected.end()));
+}
+
+// Red and blue are computed in fixed point: for every pair of components the products in double precision give the
+// same, and so does green for every third one.
+TEST(Jpeg, ColourConversionIsExact) {
+    const auto byte = [](double value) { return static_cast<Pixel32>(std::clamp(static_cast<int>(value), 0, 255)); };
+    for (const bool vectorised : {false, true}) {
+        setVectorCode(vectorised);
+        std::vector<std::uint8_t> y(256);
+        for (int i = 0; i < 256; ++i)
+            y[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(i);
+        int wrong = 0;
+        for (int cb = 0; cb < 256; ++cb)
+            for (int cr = 0; cr < 256; ++cr) {
+                const std::vector<std::uint8_t> blue(256, static_cast<std::uint8_t>(cb));
+                const std::vector<std::uint8_t> red(256, static_cast<std::uint8_t>(cr));
+                const std::uint8_t* rows[4] = {y.data(), blue.data(), red.data(), y.data()};
+                std::vector<Pixel32> pixels(256);
+                jpegKernels().convertRow(rows, pixels.data(), 256);
+                for (int i = 0; i < 256; ++i)
+                    wrong +=
+                        pixels[static_cast<std::size_t>(i)] !=
+                        (static_cast<Pixel32>(i) << 24 | byte(i + 1.402 * (cr - 128)) << 16 |
+                         byte(i - 0.34414 * (cb - 128) - 0.71414 * (cr - 128)) << 8 | byte(i + 1.772 * (cb - 128)));
+            }
+        EXPECT_EQ(wrong, 0);
+    }
+}
+
+namespace {
+
+// A change to a valid 16 x 16 picture of three components, and what the message must say.
+struct Refusal {
+    const char* reason;
+    void (*damage)(Bytes& file, std::size_t frame, std::size_t scan); // positions of the two headers' markers
+};
+
+const Refusal refusals[] = {
+    {"progressive", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 1] = 0xC2; }},
+    {"arithmetic", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 1] = 0xC9; }},
+    {"FFC3", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 1] = 0xC3; }},
+    {"12-bit", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 4] = 12; }},
+    {"16 x 0 pixels, not 16 x 16", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 6] = 0; }},
+    {"65296 x 16", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 7] = 0xFF; }},
+    {"four components", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 9] = 5; }},
+    {"sampling factor", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 11] = 0x10; }},
+    {"sampling factor", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 11] = 0x51; }},
+    {"quantisation table", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 12] = 4; }},
+    {"quantisation table missing", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 12] = 3; }},
+    {"every component", [](Bytes& f, std::size_t, std::size_t scan) { f[scan + 4] = 1; }},
+    {"does not have", [](Bytes& f, std::size_t, std::size_t scan) { f[scan + 5] = 9; }},
+    {"does not have", [](Bytes& f, std::size_t, std::size_t scan) { f[scan + 7] = f[scan + 5]; }},
+    {"Huffman table missing", [](Bytes& f, std::size_t, std::size_t scan) { f[scan + 6] = 0x02; }},
+    {"Huffman table missing", [](Bytes& f, std::size_t, std::size_t scan) { f[scan + 6] = 0xF0; }},
+    {"length field", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 3] = 1; }},
+    {"frame header cut short", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 3] = 9; }},
+    {"not a code",
+     [](Bytes& f, std::size_t, std::size_t) {
+         std::size_t i = 0;
+         while (f[i] != 0xFF || f[i + 1] != 0xC4)
+             ++i;
+         std::swap(f[i + 5], f[i + 7]); // three codes of one bit instead of three bits
+     }},
+};
+
+} // namespace
+
+TEST(Jpeg, RefusesWithFileNameAndReason) {
+    JpegRecipe recipe;
+    recipe.components = {{1, 1}, {1, 1}, {1, 1}};
+    for (const Refusal& refusal : refusals) {
+        Bytes file = makeJpeg(recipe);
+        const auto find = [&](int marker) {
+            std::size_t i = 0;
+            while (file[i] != 0xFF || file[i + 1] != marker)
+                ++i;
+            return i;
+        };
+        refusal.damage(file, find(0xC0), find(0xDA));
+        std::vector<Pixel32> pixels(256, untouched);
+        try {
+            decodeJpegFile(file.data(), file.size(), "picture.jpg", pixels.data(), {16, 16, 0, 0, 0});
+            ADD_FAILURE() << refusal.reason;
+        } catch (const DynamicError& error) {
+            const std::string message = error.what();
+            EXPECT_EQ(message.rfind("picture.jpg: ", 0), 0u) << message;
+            EXPECT_NE(message.find(refusal.reason), std::string::npos) << message;
+        }
+        EXPECT_EQ(pixels, std::vector<Pixel32>(256, untouched)) << refusal.reason;
+    }
+}
+
+TEST(Jpeg, WithoutAFrameTheBlockStays) {
+    const std::vector<Pixel32> same(16 * 16, untouched);
+    const Bytes whole = makeJpeg({});
+    for (const Bytes& file :
+         {Bytes{}, Bytes{0xFF}, Bytes{0xFF, 0xD8}, Bytes{0xFF, 0xD8, 0xFF, 0xD9}, Bytes(1000, 0xFF), Bytes(1000, 'x'),
+          Bytes(whole.begin() + 1, whole.end()), Bytes(whole.begin(), whole.begin() + 100)})
+        EXPECT_EQ(decode(file, 16, 16), same);
+}
+
+TEST(Jpeg, NarrowPicturesKeepTheirEdges) {
+    for (const auto& [width, height] : {std::pair(1, 1), std::pair(1, 9), std::pair(9, 1)}) {
+        JpegRecipe recipe;
+        recipe.width = width;
+        recipe.height = height;
+        const Bytes file = makeJpeg(recipe);
+        std::vector<Pixel32> expected = decodeLiterally(file).pixels;
+        if (width > 1)
+            expected[static_cast<std::size_t>(width) - 1] = expected[static_cast<std::size_t>(width) - 2];
+        if (height > 1)
+            expected.back() = expected[expected.size() - 2];
+        EXPECT_EQ(decode(file, width, height), expected);
+    }
+}
+
+} // namespace lumenfold::test

@@ -1,0 +1,153 @@
+#include "assets/image.h"
+#include "bench/measure.h"
+#include "bench/sections.h"
+#include "bench/silence.h"
+#include "core/sync_state.h"
+#include "driver/scene_table.h"
+#include "render/depth_buffer.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace lumenfold::bench {
+
+namespace {
+
+constexpr FrameInfo frame = {512, 384, 1, 22050, 1};
+constexpr float unitsPerFrame = 15.68F / 60.0F;
+
+// Times below are demo time since the part's first frame.
+struct Phase {
+    const char* name;
+    float until;
+};
+struct Sync {
+    int value;
+    float at;
+};
+struct Script {
+    std::int32_t part;
+    std::vector<Phase> phases; // one after the other
+    std::vector<Sync> syncs;   // in order of time
+};
+
+std::vector<Sync> every(float step, int value, int count) {
+    std::vector<Sync> syncs;
+    for (int i = 1; i <= count; ++i)
+        syncs.push_back({value, step * static_cast<float>(i)});
+    return syncs;
+}
+
+// What the music does to each part, so that every phase is met.
+std::vector<Script> scripts() {
+    return {
+        {1,
+         {{"tunnel", 288}, {"dissolve", 351}, {"logo", 587}, {"fade-out", 650}, {"hall", 987}, {"cross-fade", 1046}},
+         {{39, 288}, {36, 660}}},
+        {2,
+         {{"ring grows", 32}, {"whole ring", 200}, {"cube", 272}, {"held picture", 280}},
+         {{32, 40}, {32, 80}, {32, 120}, {59, 200}}},
+        {3,
+         {{"first object", 100},
+          {"second object", 200},
+          {"third object", 300},
+          {"fourth object", 400},
+          {"fifth object", 500},
+          {"fade-out", 570}},
+         {{37, 50}, {59, 100}, {37, 150}, {59, 200}, {37, 250}, {59, 300}, {37, 350}, {59, 400}, {37, 450}, {33, 500}}},
+        {4,
+         {{"twin tunnel", 200}, {"light spot", 220}, {"ray tunnel", 420}, {"still", 430}},
+         {{37, 50}, {37, 100}, {59, 200}, {32, 220}, {59, 420}}},
+        {5, {{"weld", 27}, {"split", 45}, {"film roll", 134}, {"held picture", 145}}, {{59, 45}}},
+        {6, {{"flight", 221}, {"fade-out", 306}}, every(50, 37, 4)},
+        {7, {{"fade-in", 256}, {"wave", 400}}, {}},
+        {8, {{"pane", 400}}, every(50, 37, 6)},
+        {9, {{"tube", 400}}, every(30, 37, 12)},
+        {10, {{"metaballs", 400}}, {}},
+        {scrollerPart, {{"scroller", 300}}, {}},
+    };
+}
+
+void raise(int value) {
+    switch (value) {
+    case 32:
+        syncState.syncFlag32 = 1;
+        break;
+    case 33:
+        syncState.syncFlag33 = 1;
+        break;
+    case 36:
+        syncState.syncFlag36 = 1;
+        break;
+    case 37:
+        syncState.syncFlag37 = 1;
+        break;
+    case 39:
+        syncState.syncFlag39 = 1;
+        break;
+    case 59:
+        syncState.syncFlag59 = 1;
+        break;
+    }
+}
+
+void loadScenes() {
+    const Silence noCommentary; // of the object reader
+    textureCache.open();
+    syncState.zero();
+    for (const SceneRow& row : sceneTable)
+        row.effect(frame, EffectCommand::Init, nullptr, 0.0F);
+    allocateDepthBuffer(frame.width, frame.height);
+}
+
+void addPhase(Report& report, const std::string& name, std::vector<double>& times) {
+    if (times.empty())
+        return;
+    const Samples samples(std::move(times));
+    report.addTime(name + ", median", samples.median());
+    report.addTime(name + ", 99 %", samples.quantile(0.99));
+    times.clear();
+}
+
+// Plays one part and moves the demo time on.
+void play(Report& report, const Script& script, std::vector<Pixel32>& pixels, float& time) {
+    const SceneRow& scene = sceneOfPart(script.part);
+    if (script.part <= mainParts)
+        syncState.currentPart = static_cast<std::uint8_t>(script.part);
+    std::vector<double> times;
+    std::size_t nextSync = 0;
+    float local = 0.0F;
+    for (const Phase& phase : script.phases) {
+        for (; local < phase.until; local += unitsPerFrame) {
+            for (; nextSync < script.syncs.size() && script.syncs[nextSync].at <= local; ++nextSync)
+                raise(script.syncs[nextSync].value);
+            const double begin = threadMicroseconds();
+            scene.effect(frame, EffectCommand::Render, pixels.data(), time + local);
+            times.push_back(threadMicroseconds() - begin);
+        }
+        addPhase(report, "part " + std::to_string(script.part) + ", " + phase.name, times);
+    }
+    time += local;
+    clearDepthBuffer();
+    if (script.part <= 3)
+        syncState.zero();
+}
+
+} // namespace
+
+void measureScenes(Report& report, bool) {
+    report.section("Scenes, one frame");
+    loadScenes();
+    std::vector<Pixel32> pixels(static_cast<std::size_t>(frame.width) * frame.height);
+    float time = 1000.0F; // demo time begins anywhere
+    for (const Script& script : scripts())
+        play(report, script, pixels, time);
+    for (const SceneRow& row : sceneTable) {
+        if (row.released)
+            row.effect(frame, EffectCommand::Release, nullptr, 0.0F);
+    }
+    textureCache.close();
+}
+
+} // namespace lumenfold::bench

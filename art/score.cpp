@@ -54,14 +54,34 @@ void Score::writeSections() {
     }
 }
 
+// Numbers the played instruments anew, in their old order.
+std::vector<XmInstrument> Score::keepPlayed(const std::vector<XmInstrument>& instruments) {
+    std::vector<std::uint8_t> numbers(instruments.size() + 1, 0);
+    for (const XmCell& entry : cells) {
+        numbers.at(entry.instrument) = 1;
+    }
+    std::vector<XmInstrument> kept;
+    for (std::size_t i = 1; i < numbers.size(); ++i) {
+        if (numbers[i] != 0) {
+            kept.push_back(instruments[i - 1]);
+            numbers[i] = static_cast<std::uint8_t>(kept.size());
+        }
+    }
+    numbers[0] = 0;
+    for (XmCell& entry : cells) {
+        entry.instrument = numbers[entry.instrument];
+    }
+    return kept;
+}
+
 XmSong Score::toSong(const std::string& name, const std::string& restartSection,
-                     std::vector<XmInstrument> instruments) {
+                     const std::vector<XmInstrument>& instruments) {
     writeSections();
     XmSong song;
     song.name = name;
     song.channels = channelCount;
     song.tempo = parts.front().tempo;
-    song.instruments = std::move(instruments);
+    song.instruments = keepPlayed(instruments);
     int row = 0;
     for (const Section& section : parts) {
         if (section.name == restartSection) {

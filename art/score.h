@@ -21,11 +21,13 @@ class Score {
 
     // Patterns of at most four bars that never cross a section's border; equal ones are stored once. Sync commands
     // and tempo changes of the sections are written into the effect columns of the first channels, where they must
-    // be free. The tune restarts at the named section.
-    XmSong toSong(const std::string& name, const std::string& restartSection, std::vector<XmInstrument> instruments);
+    // be free. Instruments that no note plays are left out. The tune restarts at the named section.
+    XmSong toSong(const std::string& name, const std::string& restartSection,
+                  const std::vector<XmInstrument>& instruments);
 
   private:
     void writeSections();
+    std::vector<XmInstrument> keepPlayed(const std::vector<XmInstrument>& instruments);
 
     std::vector<Section> parts;
     int channelCount;

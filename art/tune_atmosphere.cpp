@@ -115,13 +115,13 @@ Samples projector() {
 XmInstrument atmosphere(Sound sound) {
     switch (sound) {
     case Sound::reverse:
-        return oneShot("reverse swell", reverse(), 0.42);
+        return oneShot("reverse swell", reverse(), 0.65);
     case Sound::impact:
-        return halved(oneShot("impact", impact(), 0.95));
+        return halved(oneShot("impact", impact(), 0.85));
     case Sound::riser:
-        return oneShot("riser", riser(), 0.42);
+        return oneShot("riser", riser(), 0.65);
     case Sound::sea: {
-        XmInstrument loop = halved(seamless("sea", sea(), kMiddleC, 0.5));
+        XmInstrument loop = halved(seamless("sea", sea(), kMiddleC, 0.7));
         loop.volumeEnvelope = {{0, 0}, {70, 40}, {150, 64}, {230, 30}, {320, 58}};
         loop.sustainPoint = 4;
         loop.fadeOut = 250;

@@ -9,92 +9,137 @@ namespace {
 
 void breath(Score& score) {
     Stage stage(score, "1 breath");
-    stage.note(0, channel::texture, Sound::drone, "D2", 40);
-    stage.note(0, channel::impact, Sound::impact, "C4", 26);
-    stage.note(0, channel::glass, Sound::bell, "D4", 30);
+    stage.note(0, channel::texture, Sound::drone, "D2", 28);
+    stage.note(0, channel::impact, Sound::impact, "C4", 22);
+    stage.note(0, channel::glass, Sound::bell, "D4", 26);
+    stage.note(0, channel::rise, Sound::reverse, "C5", 16);
 }
 
+// The drone; two bars later the first chord, then the motif bell by bell and a heart that begins to beat.
 void tunnel(Score& score) {
     Stage stage(score, "1 tunnel");
-    stage.strike(0, 30, 0);
-    stage.note(0, channel::sub, Sound::sub, "D2", 34);
-    stage.pads({"Dm9 Dm9 Bbmaj9 Gm9 A7sus4", 2 * kBar}, 0, 22);
-    stage.note(4 * kBar, channel::texture + 0, Sound::drone, "D2", 46);
-    stage.line("D4:24 A4:24 A#4:16 A4:32 E4:32", Sound::bell, kBar, 26);
-    stage.line("D5:12 A5:12 A#5:8 A5:16 E5:16 C#5:24", Sound::bell, 7 * kBar, 22);
-    stage.steps(channel::kick, Sound::kick, "4.....3.........", 4, 6);
+    stage.note(0, channel::impact, Sound::impact, "A3", 26);
+    stage.note(0, channel::sub, Sound::sub, "D2", 22);
+    stage.pads({"Dm9 Bbmaj9 Gm9 A7sus4", 2 * kBar}, 2, 16, Sound::padLeft, Sound::air);
+    stage.line("D4:24 A4:24 A#4:16 A4:32 E4:32", Sound::bell, kBar, 24);
+    stage.line("D5:12 A5:12 A#5:8 A5:16 E5:16 C#5:16", Sound::bell, 6 * kBar, 24);
+    stage.steps(channel::kick, Sound::kick, "5.....4.........", 4, 2);
+    stage.steps(channel::kick, Sound::kick, "6.....5...6.....", 6, 4);
     stage.steps(channel::perc, Sound::rim, "..........3.........2........3..", 3, 7);
-    stage.steps(channel::perc, Sound::tom, "................3.............5.", 8, 2);
-    stage.swellInto(stage.rows(), Sound::reverse, 16, 44);
+    stage.note(5 * kBar + 8, channel::bass, Sound::growl, "D2", 14);
+    stage.note(8 * kBar + 12, channel::bass, Sound::growl, "A1", 18);
+    stage.tomFill(9);
+    stage.swellInto(stage.rows(), Sound::reverse, 16, 50);
 }
 
+// The dissolve: half time, then four to the floor, and a bar of held breath before the hall.
 void logo(Score& score) {
     Stage stage(score, "1 logo");
     const Stage::Harmony harmony{"Dm9 Bbmaj9 F C/E Gm9 Bbmaj7", 2 * kBar};
-    stage.strike(0, 52, 44);
-    stage.pads(harmony, 0, 34);
-    stage.pads({"A7sus4", kBar}, 12, 34);
-    stage.pump(0, 13, 36);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "9..........7....", 0, 4, 54);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "7.3.7.3.7.3.7.37", 4, 8, 40);
-    stage.drums({"9...............", "............4...", "2.4.2.4.2.4.2.4.", ""}, 0, 4);
-    stage.drums({"9...9...9...9...", "....6.......6...", "3153315331533153", "..5...5...5...5."}, 4, 8);
-    stage.arpeggio(harmony, Sound::glass, "a.c.b.d.e.c.b.d.", 2, 2, 26);
-    stage.arpeggio(harmony, Sound::glass, "acbdecbdacbdfebd", 4, 9, 34);
+    stage.strike(0, 56, 44);
+    stage.note(0, channel::texture, Sound::drone, "D2", 26);
+    stage.pads(harmony, 0, 36);
+    stage.pads({"A7sus4", kBar}, 12, 36);
+    stage.pump(0, 12, 38);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "9.........=.7...", 0, 4, 46);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "..7...7...7...73", 2, 2, 30);
+    stage.bassLine({"F C/E Gm9 Bbmaj7", 2 * kBar}, channel::bass, Sound::bass, "..7.3.7.3.7.3.73", 4, 8, 38);
+    stage.bassLine({"F C/E Gm9 Bbmaj7", 2 * kBar}, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 4, 8, 42);
+    stage.drums({"9.........5.....", "............4...", "2.3.2.3.2.3.2.4.", ""}, 0, 4);
+    stage.drums({"9...9...9...9...", "....6.......6...", "3152315231523152", "..5...5...5...5."}, 4, 8);
+    stage.snareFill(7);
+    stage.tomFill(11);
+    stage.arpeggio(harmony, Sound::glass, "a...b...c...b.d.", 0, 4, 22);
+    stage.arpeggio({"F C/E Gm9 Bbmaj7", 2 * kBar}, Sound::glass, "a.c.b.d.e.c.b.d.", 4, 4, 28);
+    stage.arpeggio({"Gm9 Bbmaj7", 2 * kBar}, Sound::glass, "acbdecbdacbdfebd", 8, 4, 32);
+    stage.arpeggio({"A7sus4", kBar}, Sound::glass, "abcdefghgfedcbab", 12, 1, 30);
+    stage.line("D5:6 A5:6 A#5:4 A5:8 E5:8", Sound::solo, 8 * kBar, 26);
+    stage.voice("D5:16 F5:16 E5:16", Sound::choir, channel::stab, 10 * kBar, 24);
     stage.swellInto(stage.rows(), Sound::riser, 32, 48);
-    stage.roll(12 * kBar, kBar, 2, 16, 50);
+    stage.roll(12 * kBar, kBar, 2, 12, 46);
 }
 
+// Monumental: half time under a choir, the motif carried by one voice, answered an octave higher.
 void hall(Score& score) {
     Stage stage(score, "1 hall");
     const Stage::Harmony harmony{"Bbmaj7 Gm9 Ebmaj7#11 F Dm9 C A7sus4", 2 * kBar};
-    stage.strike(0, 60, 50);
-    stage.pads(harmony, 0, 44, Sound::choir, Sound::padRight);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "9...............", 0, 14, 56);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "7.......5.......", 4, 9, 34);
-    stage.drums({"9.........7.....", "........8.......", "", ""}, 0, 13);
-    stage.steps(channel::hat, Sound::ride, "5...4...5...4.3.", 4, 9);
-    stage.line("A#4:12 F5:12 G5:8 F5:16 C5:16 D5:12 A#4:4 A4:16 D5:16", Sound::solo, 2 * kBar, 34);
-    stage.line("F5:12 C6:12 D6:8 C6:16 G5:16 F5:12 E5:4 D5:12", Sound::solo, 9 * kBar, 38);
-    stage.swellInto(stage.rows(), Sound::reverse, 16, 50);
-    stage.steps(channel::perc, Sound::tom, "........5.4.5678", 13, 1);
+    stage.hush();
+    stage.strike(0, 64, 54);
+    stage.pads(harmony, 0, 36, Sound::choir, Sound::padRight);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "9...............", 0, 13, 46);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "7.....=.5.=.....", 3, 10, 34);
+    stage.drums({"9.........6.....", "", "", ""}, 0, 3);
+    stage.drums({"9.........7.....9......6..7.....", "........8.......", "", ""}, 3, 10);
+    stage.steps(channel::hat, Sound::ride, "4...3...4...3.2.", 5, 4);
+    stage.steps(channel::hat, Sound::ride, "5.3.4.3.5.3.4.33", 9, 4);
+    stage.strike(8 * kBar, 40, 44);
+    stage.arpeggio({"Dm9 C", 2 * kBar}, Sound::glass, "a.b.c.d.e.d.c.b.", 8, 4, 26);
+    stage.line("A#4:12 F5:12 G5:8 F5:16 C5:16 D5:12 A#4:4 A4:16 D5:16", Sound::solo, 2 * kBar, 36);
+    stage.line("F5:12 C6:12 D6:8 C6:16 G5:16 F5:12 E5:4 D5:12", Sound::solo, 8 * kBar, 38);
+    stage.bassLine({"A7sus4", kBar}, channel::bass, Sound::bass, "7.7.7.7.7.7.7.77", 13, 1, 32);
+    stage.tomFill(13);
+    stage.roll(13 * kBar, kBar, 2, 10, 44);
+    stage.swellInto(stage.rows(), Sound::reverse, 16, 56);
 }
 
+// The first groove. Four bars each: bass and drums, the chords, the motif, then a second theme over a lifted turn.
 void ring(Score& score) {
     Stage stage(score, "2 ring");
     const Stage::Harmony harmony{"Dm9 Bbmaj7 Gm9 Am7", kBar};
     const Stage::Harmony lift{"Bbmaj7 C Dm9 F", kBar};
-    stage.strike(0, 50, 46);
+    stage.hush();
+    stage.strike(0, 56, 50);
     const std::string kick = "9.....8...8.....9..7......8...7.";
-    stage.drums({kick, "....8..2....8...", "6243624362436243", "..4.......4....."}, 0, 19);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "9..6..39...64.7.", 0, 12, 46);
-    stage.bassLine(lift, channel::bass, Sound::bass, "9..6..39...64.7.", 12, 7, 46);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "9.....7.........", 0, 12, 50);
-    stage.bassLine(lift, channel::sub, Sound::sub, "9.....7.........", 12, 7, 50);
-    stage.pads({"Dm9 Bbmaj7 Gm9 Am7 Dm9 Bbmaj7 Gm9 Am7 Bbmaj7 C Dm9 F Bbmaj7 C Dm9 A7", kBar}, 4, 34);
-    stage.pump(4, 15, 36);
-    stage.arpeggio(harmony, Sound::glass, "a.cb..d.e.cb..d.", 4, 4, 28);
-    stage.arpeggio(harmony, Sound::glass, "acbdecbdfcbdecbd", 8, 4, 32);
-    stage.arpeggio(lift, Sound::glass, "acbdecbdfcbdecbd", 12, 7, 34);
+    stage.drums({kick, "....9..2....9...", "5233523352335233", ""}, 0, 4);
+    stage.drums({kick, "....9..2....9..2", "6243624362436243", "..4.......4....."}, 4, 4);
+    stage.drums({kick, "....9..2.2..9...", "6243624362436243", "..5...5...5...5."}, 8, 11);
+    stage.drums({"9.....9.....9...", "", "6...6...6...6...", ""}, 19, 1);
+    stage.steps(channel::perc, Sound::rim, "..3..3....3..4..", 4, 15);
+    for (const int bar : {3, 7, 15}) {
+        stage.snareFill(bar);
+    }
+    stage.tomFill(11);
+    for (const int bar : {4, 8, 12, 16}) {
+        stage.strike(bar * kBar, 0, 44);
+    }
+    stage.bassLine(harmony, channel::bass, Sound::bass, "9..6=.39.=.64.7.", 0, 4, 46);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "9..6=.39.=.64.789.96=.3.9.=64.39", 4, 8, 46);
+    stage.bassLine(lift, channel::bass, Sound::bass, "9..6=.39.=.64.789.96=.3.9.=64.39", 12, 7, 46);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "9....=7....=....", 0, 12, 46);
+    stage.bassLine(lift, channel::sub, Sound::sub, "9....=7....=....", 12, 7, 46);
+    stage.bassLine({"A7", kBar}, channel::bass, Sound::bass, "9.....9.....9..=", 19, 1, 46);
+    stage.pads({"Dm9 Bbmaj7 Gm9 Am7 Dm9 Bbmaj7 Gm9 Am7 Bbmaj7 C Dm9 F Bbmaj7 C Dm9 A7", kBar}, 4, 38);
+    stage.pump(4, 15, 40);
+    stage.arpeggio(harmony, Sound::glass, "a.cb..d.e.cb..d.", 4, 4, 26);
+    stage.arpeggio(harmony, Sound::glass, "acbdecbdfcbdecbd", 8, 4, 30);
+    stage.arpeggio(lift, Sound::glass, "acbdecbdfcbdecbd", 12, 4, 30);
+    stage.arpeggio(lift, Sound::glass, "aecfbgdhgfedcbac", 16, 3, 32);
     stage.line(motif("D", false, 5) + motif("D", false, 5), Sound::lead, 8 * kBar, 36);
-    stage.line("D5:6 F5:6 A#5:4 A5:6 G5:6 F5:4 G5:6 E5:6 C6:4 A#5:6 A5:6 G5:4 A5:12 F5:4 D6:16 C6:6 A5:6 F5:4",
+    stage.line("D5:6 F5:6 A#5:4 A5:6 G5:6 F5:4 G5:6 E5:6 C6:4 A#5:6 A5:6 G5:4 A5:12 F5:4 D6:16 C6:6 A5:6 F5:20",
                Sound::lead, 12 * kBar, 40);
     for (const int row : stage.rowsOf(sync::pulse)) {
-        stage.note(row, channel::stab, Sound::stab, "D4", 34);
+        stage.note(row, channel::stab, Sound::stab, row / kBar % 2 == 0 ? "D5" : "A4", 26);
         stage.note(row, channel::kick, Sound::kick, 49, 64);
     }
-    stage.swellInto(stage.rows(), Sound::reverse, 16, 50);
-    stage.roll(19 * kBar, kBar, 2, 20, 56);
+    stage.swellInto(stage.rows(), Sound::reverse, 16, 56);
+    stage.roll(19 * kBar + 4, 12, 1, 10, 52);
 }
 
+// The floor falls away: choir over an eighth-note pedal that climbs into the faster tempo.
 void cube(Score& score) {
     Stage stage(score, "2 cube");
-    stage.strike(0, 62, 52);
-    stage.pads({"Gm9 Ebmaj7 Dbmaj7#11 C7", kBar}, 0, 46, Sound::choir, Sound::padRight);
-    stage.bassLine({"Gm9 Ebmaj7 Dbmaj7#11 C7", kBar}, channel::sub, Sound::sub, "9.9.9.9.9.9.9.9.", 0, 4, 48);
-    stage.arpeggio({"Gm9 Ebmaj7 Dbmaj7#11 C7", kBar}, Sound::glass, "abcdefgfedcbabcd", 0, 4, 30);
-    stage.steps(channel::hat, Sound::hat, "4.2.4.2.4.2.4.2.", 0, 4);
-    stage.swellInto(stage.rows(), Sound::riser, 32, 56);
+    const Stage::Harmony harmony{"Gm9 Ebmaj7 Dbmaj7#11 C7", kBar};
+    stage.hush();
+    stage.strike(0, 64, 58);
+    stage.pads(harmony, 0, 38, Sound::choir, Sound::padRight);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "9.=.9.=.9.=.9.=.", 0, 4, 42);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "9.=.9.=.9.=.9.93", 2, 2, 34);
+    stage.arpeggio(harmony, Sound::glass, "abcdefgfedcbabcd", 0, 4, 32);
+    stage.steps(channel::hat, Sound::hat, "4.2.4.2.4.2.4.2.", 0, 2);
+    stage.steps(channel::hat, Sound::hat, "5243524352435243", 2, 2);
+    stage.steps(channel::kick, Sound::kick, "9...............", 0, 2);
+    stage.steps(channel::kick, Sound::kick, "7...7...7...7.7.", 3, 1);
+    stage.swellInto(stage.rows(), Sound::riser, 32, 58);
     stage.roll(3 * kBar, kBar, 1, 10, 54);
 }
 

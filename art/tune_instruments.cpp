@@ -18,6 +18,20 @@ std::vector<std::int16_t> quantised(const synth::Samples& sound) {
     return result;
 }
 
+// Turns a loop so that it begins where it rises through zero, as quietly as it can: a note starts without a click.
+void startAtZero(synth::Samples& loop) {
+    std::size_t best = 0;
+    double smallest = 2.0;
+    for (std::size_t i = 0; i < loop.size(); ++i) {
+        const double next = loop[(i + 1) % loop.size()];
+        if (next > loop[i] && std::fabs(loop[i]) < smallest) {
+            smallest = std::fabs(loop[i]);
+            best = i;
+        }
+    }
+    std::rotate(loop.begin(), loop.begin() + static_cast<std::ptrdiff_t>(best), loop.end());
+}
+
 } // namespace
 
 XmInstrument oneShot(const std::string& name, synth::Samples sound, double level, int panning) {
@@ -33,6 +47,7 @@ XmInstrument oneShot(const std::string& name, synth::Samples sound, double level
 
 XmInstrument seamless(const std::string& name, synth::Samples loop, double hertz, double level, int panning) {
     synth::normalise(loop, level);
+    startAtZero(loop);
     XmInstrument instrument;
     instrument.name = name;
     instrument.samples = quantised(loop);

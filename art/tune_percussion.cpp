@@ -36,7 +36,7 @@ Samples metal(double seconds, double fall, double lowCut, double noiseShare, std
     Samples sound = render(seconds, [&](double t) {
         double sum = 0.0;
         for (int i = 0; i < 6; ++i) {
-            sum += cycleSine(pitches[i] * t + 0.16 * i) < 0.0 ? -0.16 : 0.16;
+            sum += cycleSine(pitches[i] * t + 0.16 * i) < 0.0 ? -0.10 : 0.10;
         }
         return sum;
     });
@@ -91,24 +91,24 @@ XmInstrument percussion(Sound sound) {
     case Sound::hardKick: {
         Samples body = drumBody(0.46, 43.0, 190.0, 0.19, 3.4, 0.4);
         foldWith(body, 1.25);
-        return oneShot("kick, hard", filtered(body, 0.0, 7000.0, 1), 0.97);
+        return oneShot("kick, hard", filtered(body, 0.0, 7000.0, 1), 0.78);
     }
     case Sound::snare:
-        return oneShot("snare", snare(), 0.85);
+        return oneShot("snare", snare(), 0.95);
     case Sound::clap:
-        return oneShot("clap", clap(), 0.6, 120);
+        return oneShot("clap", clap(), 0.8, 120);
     case Sound::hat:
-        return oneShot("hat closed", metal(0.12, 0.022, 7200.0, 0.5, 71), 0.34, 150);
+        return oneShot("hat closed", metal(0.12, 0.022, 7200.0, 0.5, 71), 0.55, 150);
     case Sound::openHat:
-        return oneShot("hat open", metal(0.42, 0.11, 7000.0, 0.5, 73), 0.32, 104);
+        return oneShot("hat open", metal(0.42, 0.11, 7000.0, 0.5, 73), 0.5, 104);
     case Sound::ride:
-        return oneShot("ride", metal(0.8, 0.22, 5200.0, 0.12, 79), 0.26, 164);
+        return oneShot("ride", metal(0.8, 0.22, 5200.0, 0.12, 79), 0.45, 164);
     case Sound::rim:
-        return oneShot("rim", rim(), 0.5, 92);
+        return oneShot("rim", rim(), 0.7, 92);
     case Sound::tom:
         return oneShot("tom", withRoom(drumBody(0.42, 88.0, 95.0, 0.14, 1.5, 0.12), 0.3, 0.2, 3000.0, 83), 0.8, 128);
     case Sound::crash:
-        return oneShot("crash", crash(), 0.42, 128);
+        return oneShot("crash", crash(), 0.62, 128);
     default:
         throw std::logic_error("not a drum");
     }

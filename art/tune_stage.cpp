@@ -16,6 +16,51 @@ std::uint8_t volumeByte(int volume) {
     return static_cast<std::uint8_t>(kVolumeColumn + std::max(0, std::min(64, volume)));
 }
 
+// The faders of the mixing desk, in percent: every note's volume passes through its sound's.
+int fader(Sound sound) {
+    switch (sound) {
+    case Sound::kick:
+        return 88;
+    case Sound::hardKick:
+        return 96;
+    case Sound::snare:
+    case Sound::clap:
+    case Sound::tom:
+        return 90;
+    case Sound::crash:
+        return 84;
+    case Sound::impact:
+        return 72;
+    case Sound::hat:
+    case Sound::openHat:
+    case Sound::ride:
+    case Sound::rim:
+        return 112;
+    case Sound::sub:
+        return 105;
+    case Sound::choir:
+        return 112;
+    case Sound::padLeft:
+    case Sound::padRight:
+    case Sound::growl:
+        return 116;
+    case Sound::bass:
+    case Sound::lead:
+    case Sound::solo:
+    case Sound::bell:
+        return 125;
+    case Sound::stab:
+    case Sound::glass:
+        return 134;
+    default:
+        return 100;
+    }
+}
+
+int faded(Sound sound, int volume) {
+    return volume * fader(sound) / 100;
+}
+
 int pitchClass(const std::string& name, std::size_t& position) {
     static const int steps[7] = {9, 11, 0, 2, 4, 5, 7};
     if (position >= name.size() || name[position] < 'A' || name[position] > 'G') {
@@ -76,6 +121,29 @@ std::vector<int> voicing(const Chord& chord, int floor) {
     return notes;
 }
 
+struct Word {
+    int note; // 0 is a rest
+    int rows;
+};
+
+std::vector<Word> parseWords(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<Word> words;
+    for (std::string word; stream >> word;) {
+        const std::size_t colon = word.find(':');
+        const std::string name = word.substr(0, colon);
+        words.push_back({name == "-" ? 0 : noteNumber(name),
+                         colon == std::string::npos ? kBeat : std::stoi(word.substr(colon + 1))});
+    }
+    return words;
+}
+
+// Whether a sound loops until it is let go; the others end by themselves and a key off would cut their tails.
+bool sustains(Sound sound) {
+    return sound == Sound::sub || sound == Sound::bass || (sound >= Sound::padLeft && sound <= Sound::solo) ||
+           sound == Sound::sea;
+}
+
 } // namespace
 
 Chord parseChord(const std::string& name) {
@@ -115,13 +183,34 @@ void Stage::note(int row, int channelNumber, Sound sound, int number, int volume
     XmCell& cell = score.cell(start + row, channelNumber);
     cell.note = static_cast<std::uint8_t>(number);
     cell.instrument = static_cast<std::uint8_t>(sound);
-    cell.volume = volumeByte(volume);
+    cell.volume = volumeByte(faded(sound, volume));
 }
 
 void Stage::off(int row, int channelNumber) {
     if (row >= 0 && row < rowCount) {
         XmCell& cell = score.cell(start + row, channelNumber);
         cell = XmCell{kXmKeyOff, 0, 0, cell.effect, cell.parameter};
+    }
+}
+
+void Stage::hush(const std::vector<int>& kept) {
+    std::vector<int> sustaining = {channel::sub,      channel::bass,         channel::stab,   channel::lead,
+                                   channel::leadEcho, channel::leadEcho + 1, channel::texture};
+    for (int voice = 0; voice < channel::padVoices; ++voice) {
+        sustaining.push_back(channel::pad + voice);
+    }
+    for (const int number : sustaining) {
+        const bool keep = std::find(kept.begin(), kept.end(), number) != kept.end();
+        if (!keep && score.cell(start, number).note == 0) {
+            off(0, number);
+        }
+    }
+}
+
+void Stage::clear(int row, int rows, int channelNumber) {
+    for (int i = row; i < std::min(row + rows, rowCount); ++i) {
+        XmCell& cell = score.cell(start + i, channelNumber);
+        cell = XmCell{0, 0, 0, cell.effect, cell.parameter};
     }
 }
 
@@ -152,7 +241,30 @@ void Stage::drums(const Kit& kit, int bar, int bars) {
     play(channel::kick, kit.kickSound, kit.kick);
     play(channel::snare, kit.snareSound, kit.snare);
     play(channel::hat, Sound::hat, kit.hat);
+    for (int row = bar * kBar; row < (bar + bars) * kBar && !kit.hat.empty(); row += 2) {
+        effect(row, channel::hat, kPanning, row % 4 == 0 ? 0x60 : 0xA8);
+    }
     play(channel::cymbal, Sound::openHat, kit.open);
+}
+
+void Stage::snareFill(int bar) {
+    const std::string hits = "........4.4.5567";
+    for (int row = 8; row < kBar; ++row) {
+        clear(bar * kBar + row, 1, channel::snare);
+    }
+    for (int row = 0; row < kBar; ++row) {
+        if (hits[static_cast<std::size_t>(row)] != '.') {
+            note(bar * kBar + row, channel::snare, Sound::snare, 49, (hits[static_cast<std::size_t>(row)] - '0') * 7);
+        }
+    }
+}
+
+void Stage::tomFill(int bar) {
+    const int rows[6] = {8, 10, 11, 12, 14, 15};
+    const char* const pitches[6] = {"A4", "F4", "F4", "D4", "A3", "A3"};
+    for (int i = 0; i < 6; ++i) {
+        note(bar * kBar + rows[i], channel::perc, Sound::tom, pitches[i], 44 + 3 * i);
+    }
 }
 
 void Stage::roll(int row, int rows, int every, int fromVolume, int toVolume) {
@@ -189,8 +301,9 @@ void Stage::pads(const Harmony& harmony, int bar, int volume, Sound left, Sound 
 
 void Stage::pump(int bar, int bars, int volume, int everyRows) {
     constexpr int ticksARow = 5; // a slide skips the row's first tick
-    const int low = volume * 3 / 8;
-    const int slide = std::max(1, (volume - low) / ((everyRows - 1) * ticksARow));
+    const int full = faded(Sound::padLeft, volume);
+    const int low = full * 3 / 8;
+    const int slide = std::max(1, (full - low) / ((everyRows - 1) * ticksARow));
     for (int row = bar * kBar; row < std::min(rowCount, (bar + bars) * kBar); ++row) {
         for (int voice = channel::pad; voice < channel::pad + channel::padVoices; ++voice) {
             XmCell& cell = score.cell(start + row, voice);
@@ -213,7 +326,7 @@ void Stage::stabs(const Harmony& harmony, const std::string& pattern, int bar, i
         const Chord& chord = chords[static_cast<std::size_t>(row / harmony.rowsEach) % chords.size()];
         const std::vector<int> notes = voicing(chord, floor);
         const int channels[4] = {channel::stab, channel::pad + 1, channel::pad + 2, channel::pad + 3};
-        const int places[4] = {0x80, 0x30, 0xD0, 0x80};
+        const int places[4] = {0x60, 0x10, 0xF0, 0xA0};
         for (int voice = 0; voice < 4; ++voice) {
             note(bar * kBar + row, channels[voice], Sound::stab, notes[static_cast<std::size_t>(voice)],
                  volume * (step - '0') / 9);
@@ -254,33 +367,42 @@ void Stage::arpeggio(const Harmony& harmony, Sound sound, const std::string& fig
         const int target = bar * kBar + row;
         const int loudness = volume * accents[row % 4] / 9;
         note(target, channel::glass, sound, number, loudness);
-        effect(target, channel::glass, kPanning, row % 2 == 0 ? 0x60 : 0x90);
+        effect(target, channel::glass, kPanning, row % 2 == 0 ? 0x50 : 0xB0);
         note(target + kEchoRows, channel::glassEcho, sound, number, loudness * 2 / 5);
-        effect(target + kEchoRows, channel::glassEcho, kPanning, row % 2 == 0 ? 0xE0 : 0x20);
+        effect(target + kEchoRows, channel::glassEcho, kPanning, row % 2 == 0 ? 0xF0 : 0x10);
+    }
+}
+
+void Stage::voice(const std::string& words, Sound sound, int channelNumber, int row, int volume) {
+    for (const Word& word : parseWords(words)) {
+        if (word.note == 0) {
+            off(row, channelNumber);
+        } else {
+            note(row, channelNumber, sound, word.note, volume);
+        }
+        row += word.rows;
+    }
+    if (sustains(sound)) {
+        off(row, channelNumber);
     }
 }
 
 void Stage::line(const std::string& words, Sound sound, int row, int volume, bool echoes) {
-    std::istringstream stream(words);
-    for (std::string word; stream >> word;) {
-        const std::size_t colon = word.find(':');
-        const std::string name = word.substr(0, colon);
-        const int length = colon == std::string::npos ? kBeat : std::stoi(word.substr(colon + 1));
-        const auto play = [&](int at, int channelNumber, int loudness) {
-            if (name == "-") {
-                off(at, channelNumber);
-            } else {
-                note(at, channelNumber, sound, name, loudness);
-            }
-        };
-        play(row, channel::lead, volume);
-        if (echoes) {
-            play(row + kEchoRows, channel::leadEcho, volume * 2 / 5);
-            effect(row + kEchoRows, channel::leadEcho, kPanning, 0xD0);
-            play(row + 2 * kEchoRows, channel::leadEcho + 1, volume / 5);
-            effect(row + 2 * kEchoRows, channel::leadEcho + 1, kPanning, 0x30);
+    constexpr int left = 0x28;
+    constexpr int right = 0xD8;
+    voice(words, sound, channel::lead, row, volume);
+    if (!echoes) {
+        return;
+    }
+    for (int echo = 1; echo <= 2; ++echo) {
+        const int channelNumber = channel::leadEcho + echo - 1;
+        const int first = row + echo * kEchoRows;
+        voice(words, sound, channelNumber, first, echo == 1 ? volume * 2 / 5 : volume / 4);
+        int place = first;
+        for (const Word& word : parseWords(words)) {
+            effect(place, channelNumber, kPanning, echo == 1 ? right : left);
+            place += word.rows;
         }
-        row += length;
     }
 }
 

@@ -54,6 +54,10 @@ class Stage {
         note(row, channelNumber, sound, noteNumber(name), volume);
     }
     void off(int row, int channelNumber);
+    // Key off at the section's first row on every sustaining channel that has no note there, save those kept.
+    void hush(const std::vector<int>& kept = {});
+    // Empties rows of a channel again, for a break inside a repeated figure; effects stay.
+    void clear(int row, int rows, int channelNumber);
     void effect(int row, int channelNumber, int number, int parameter);
 
     // Steps of 1 to 9 (a ninth to full volume) or '.', one a row, repeated over the rows from the bar on.
@@ -69,6 +73,9 @@ class Stage {
         Sound snareSound = Sound::snare;
     };
     void drums(const Kit& kit, int bar, int bars);
+    // Ends a bar with a fill in its last rows: snares that thicken, or toms that fall.
+    void snareFill(int bar);
+    void tomFill(int bar);
     // A roll on the snare that grows from one volume to another, every so many rows.
     void roll(int row, int rows, int every, int fromVolume, int toVolume);
     // A swell or riser that ends on that row, started as late as its length of so many rows asks.
@@ -97,6 +104,8 @@ class Stage {
                   int floor = 61);
     // Words "A5:6" (note, rows), "-:4" rests, from a row on. Echoes follow on the two echo channels.
     void line(const std::string& words, Sound sound, int row, int volume, bool echoes = true);
+    // The same on one channel of choice, without echoes.
+    void voice(const std::string& words, Sound sound, int channelNumber, int row, int volume);
 
   private:
     Score& score;

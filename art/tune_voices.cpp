@@ -37,14 +37,14 @@ Samples foldedBass() {
     for (int voice = 0; voice < 3; ++voice) {
         for (int h = 1; h < 90; ++h) {
             const double hertz = h * kLowC;
-            const double ratio = hertz / 900.0;
+            const double ratio = hertz / 1500.0;
             const double d = (hertz - 620.0) / 160.0;
             const double amplitude =
                 gains[voice] / h / std::sqrt(1.0 + ratio * ratio * ratio * ratio) * (1.0 + 1.8 * exponential(-d * d));
             spectrum.partial(cycles[voice] * h, amplitude, voice == 1 ? 0.75 : random(201, voice * 100 + h));
         }
     }
-    spectrum.partial(128.0, 2.4, 0.75);
+    spectrum.partial(128.0, 1.3, 0.75);
     Samples loop = spectrum.render();
     normalise(loop, 1.0);
     foldWith(loop, 1.35);
@@ -82,7 +82,7 @@ Samples cloudPad(std::size_t length, double detuneCents, double (*gain)(int harm
 
 double padGain(int h, double hertz) {
     const double r = hertz / 3200.0;
-    return (h % 2 == 1 ? 1.0 : 0.75) / power(h, 1.15) / std::sqrt(1.0 + r * r * r * r);
+    return (h == 1 ? 0.7 : h % 2 == 1 ? 1.0 : 0.8) / power(h, 1.1) / std::sqrt(1.0 + r * r * r * r);
 }
 
 double airGain(int h, double hertz) {
@@ -188,15 +188,20 @@ Samples stab() {
     return withRoom(sound, 0.5, 0.3, 4000.0, 269);
 }
 
-// Attack, level, and release in ticks of about 18 milliseconds.
-void sustained(XmInstrument& instrument, int attackTicks, int holdLevel, int fadeOut) {
-    instrument.volumeEnvelope = {{0, 0}, {attackTicks, 64}, {attackTicks + 24, holdLevel}, {400, holdLevel}};
-    instrument.sustainPoint = 2;
-    instrument.fadeOut = fadeOut;
+// Presses the peaks of random phases down, which makes a sustained sound denser and a little warmer.
+Samples dense(Samples loop, double drive) {
+    normalise(loop, 1.0);
+    shapeWith(loop, drive);
+    return loop;
 }
 
-XmInstrument withEnvelope(XmInstrument instrument, int attackTicks, int holdLevel, int fadeOut) {
-    sustained(instrument, attackTicks, holdLevel, fadeOut);
+// Attack, level held, and release: ticks of about 18 milliseconds, 0 to 64, and loss per tick of 32768.
+XmInstrument withEnvelope(XmInstrument instrument, int attackTicks, int decayTicks, int holdLevel, int fadeOut) {
+    const int settled = attackTicks + decayTicks;
+    instrument.volumeEnvelope = {
+        {0, attackTicks > 1 ? 0 : 64}, {attackTicks, 64}, {settled, holdLevel}, {settled + 400, holdLevel}};
+    instrument.sustainPoint = 2;
+    instrument.fadeOut = fadeOut;
     return instrument;
 }
 
@@ -207,49 +212,53 @@ XmInstrument withVibrato(XmInstrument instrument, int depth, int rate, int sweep
     return instrument;
 }
 
+XmInstrument pad(const char* name, std::uint32_t seed, int panning) {
+    constexpr std::size_t length = 1 << 16;
+    const Samples loop = dense(cloudPad(length, 38.0, padGain, 25, seed), 1.9);
+    return withEnvelope(seamless(name, loop, kMiddleC, 0.85, panning), 8, 24, 58, 1100);
+}
+
 } // namespace
 
 XmInstrument tonal(Sound sound) {
-    constexpr std::size_t padLength = 1 << 16;
+    constexpr std::size_t length = 1 << 16;
     switch (sound) {
     case Sound::sub:
-        return withEnvelope(seamless("sub", sub(), hertzOf(8, 4096), 0.8), 1, 60, 4000);
+        return withEnvelope(seamless("sub", sub(), hertzOf(8, 4096), 0.55), 1, 30, 54, 4000);
     case Sound::bass:
-        return withEnvelope(seamless("folded bass", foldedBass(), hertzOf(128, 1 << 16), 0.5), 1, 58, 4000);
+        return withEnvelope(seamless("folded bass", foldedBass(), hertzOf(128, length), 0.7), 1, 14, 44, 4000);
     case Sound::growl: {
-        XmInstrument low = oneShot("growl", growl(), 0.6);
+        XmInstrument low = oneShot("growl", growl(), 0.7);
         low.relativeNote += 24; // the recipe plays two octaves below C-4
         return low;
     }
     case Sound::padLeft:
-        return withEnvelope(
-            seamless("petrol pad, left", cloudPad(padLength, 38.0, padGain, 25, 300), kMiddleC, 0.42, 40), 16, 58, 900);
+        return pad("petrol pad, left", 300, 16);
     case Sound::padRight:
-        return withEnvelope(
-            seamless("petrol pad, right", cloudPad(padLength, 38.0, padGain, 25, 340), kMiddleC, 0.42, 215), 16, 58,
-            900);
+        return pad("petrol pad, right", 340, 240);
     case Sound::air:
-        return withEnvelope(seamless("air", cloudPad(padLength, 22.0, airGain, 24, 380), kMiddleC, 0.3, 170), 40, 60,
-                            500);
-    case Sound::choir:
-        return withVibrato(
-            withEnvelope(seamless("choir", cloudPad(padLength, 30.0, choirGain, 14, 420), kMiddleC, 0.45, 90), 22, 60,
-                         700),
-            3, 36, 40);
+        return withEnvelope(seamless("air", dense(cloudPad(length, 22.0, airGain, 24, 380), 1.5), kMiddleC, 0.6, 220),
+                            40, 24, 60, 500);
+    case Sound::choir: {
+        const Samples loop = dense(cloudPad(length, 30.0, choirGain, 14, 420), 1.6);
+        return withVibrato(withEnvelope(seamless("choir", loop, kMiddleC, 0.85, 40), 18, 24, 60, 700), 3, 36, 40);
+    }
     case Sound::drone:
-        return withEnvelope(halved(seamless("drone", drone(), kLowC, 0.6)), 90, 64, 300);
-    case Sound::lead:
-        return withVibrato(
-            withEnvelope(seamless("ice lead", lead(), hertzOf(kLeadCycles, kLeadLength), 0.42), 1, 46, 1600), 4, 40,
-            60);
-    case Sound::solo:
-        return withVibrato(withEnvelope(seamless("solo", solo(), hertzOf(256, 1 << 15), 0.4), 2, 50, 1400), 6, 42, 45);
+        return withEnvelope(halved(seamless("drone", dense(drone(), 1.7), kLowC, 0.6)), 70, 24, 64, 300);
+    case Sound::lead: {
+        XmInstrument bright = seamless("ice lead", dense(lead(), 1.6), hertzOf(kLeadCycles, kLeadLength), 0.8);
+        return withVibrato(withEnvelope(std::move(bright), 1, 20, 46, 1600), 4, 40, 60);
+    }
+    case Sound::solo: {
+        XmInstrument soft = seamless("solo", solo(), hertzOf(256, 1 << 15), 0.75);
+        return withVibrato(withEnvelope(std::move(soft), 2, 24, 50, 1400), 6, 42, 45);
+    }
     case Sound::glass:
-        return oneShot("glass", glass(), 0.42);
+        return oneShot("glass", glass(), 0.85);
     case Sound::bell:
-        return oneShot("bell", bell(), 0.45);
+        return oneShot("bell", bell(), 0.8);
     case Sound::stab:
-        return oneShot("stab", stab(), 0.5);
+        return oneShot("stab", stab(), 0.85);
     default:
         throw std::logic_error("not a voice");
     }

@@ -86,45 +86,46 @@ FieldValue rowStep(const FieldValue& top, const FieldValue& bottom, std::int32_t
     return combine(top, bottom, [height](std::int32_t a, std::int32_t b) { return wrapSub(b, a) / height; });
 }
 
-// The step of one pixel, to be subtracted. The shift stands for the 16 columns of a cell of the 512-pixel frame.
 FieldValue pixelStep(const FieldValue& left, const FieldValue& right) {
-    return combine(left, right, [](std::int32_t a, std::int32_t b) { return wrapSub(a, b) >> 4; });
+    return combine(left, right, [](std::int32_t a, std::int32_t b) { return wrapSub(a, b) >> fieldCellShift; });
 }
 
-struct Cell {
-    std::int32_t x;
-    std::int32_t y;
-    std::int32_t width;
-    std::int32_t height; // the sides are divided into so many steps
-    std::size_t topLeft; // ray
-};
-
-void fillCell(const RayField& field, const Cell& cell, Pixel32* target, FrameInfo info) {
-    const std::size_t below = cell.topLeft + static_cast<std::size_t>(field.gridWidth);
-    FieldValue left = corner(field, cell.topLeft);
-    FieldValue right = corner(field, cell.topLeft + 1);
-    const FieldValue leftStep = rowStep(left, corner(field, below), cell.height);
-    const FieldValue rightStep = rowStep(right, corner(field, below + 1), cell.height);
-    const auto fillRow = vectorCode() ? fillFieldRowVector : fillFieldRow;
-    const std::int32_t width = std::min(cell.width, info.width - cell.x);
-    const std::int32_t end = std::min(cell.y + cell.height, info.height);
-    for (std::int32_t row = cell.y; row < end; ++row) {
-        fillRow(target + static_cast<std::ptrdiff_t>(row) * info.width + cell.x, width, left, pixelStep(left, right),
-                field.texture);
-        left = combine(left, leftStep, wrapAdd);
-        right = combine(right, rightStep, wrapAdd);
-    }
+// The cell at (x, y) whose top-left ray is the one given; its sides are divided into `height` steps. What would stand
+// outside the frame is left out.
+void drawCell(const RayField& field, std::size_t topLeft, std::int32_t x, std::int32_t y, Pixel32* target,
+              FrameInfo info) {
+    const std::size_t below = topLeft + static_cast<std::size_t>(field.gridWidth);
+    const std::int32_t width = info.width / columns;
+    const std::int32_t height = info.height / rows;
+    FieldCell cell;
+    cell.left = corner(field, topLeft);
+    cell.right = corner(field, topLeft + 1);
+    cell.leftStep = rowStep(cell.left, corner(field, below), height);
+    cell.rightStep = rowStep(cell.right, corner(field, below + 1), height);
+    cell.width = std::min(width, info.width - x);
+    cell.height = std::min(height, info.height - y);
+    const auto fillCell = vectorCode() ? fillFieldCellVector : fillFieldCell;
+    fillCell(target + static_cast<std::ptrdiff_t>(y) * info.width + x, info.width, cell, field.texture);
 }
 
 } // namespace
 
-void fillFieldRow(Pixel32* pixels, std::int32_t count, FieldValue left, FieldValue step, const Pixel32* texture) {
-    FieldValue value = left;
+void fillFieldRow(Pixel32* pixels, std::int32_t count, FieldValue value, FieldValue step, const Pixel32* texture) {
     for (std::int32_t i = 0; i < count; ++i) {
         const Pixel32 texel = texture[((value.v >> 16) & 255) * 256 + ((value.u >> 16) & 255)];
         const auto shade = static_cast<std::uint32_t>(value.shade >> 16) & 255;
         pixels[i] = subtractSaturated(texel, shade * 0x00010101);
         value = combine(value, step, wrapSub);
+    }
+}
+
+void fillFieldCell(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture) {
+    FieldValue left = cell.left;
+    FieldValue right = cell.right;
+    for (std::int32_t row = 0; row < cell.height; ++row, pixels += pitch) {
+        fillFieldRow(pixels, cell.width, left, pixelStep(left, right), texture);
+        left = combine(left, cell.leftStep, wrapAdd);
+        right = combine(right, cell.rightStep, wrapAdd);
     }
 }
 
@@ -148,17 +149,13 @@ RayField makeRayField(RayShape shape, const Pixel32* texture) {
 void drawRayField(RayField& field, Pixel32* target, FrameInfo info) {
     turnRays(field);
     traceRays(field);
-    const std::int32_t width = info.width / columns;
-    const std::int32_t height = info.height / rows;
-    if (width < 1 || height < 1 || field.texture == nullptr)
+    if (info.width < columns || info.height < rows || field.texture == nullptr)
         return;
     std::int32_t y = 0;
     for (std::int32_t k = 0; k < field.gridHeight - 1 && y < info.height; ++k) {
         std::int32_t x = 0;
         for (std::int32_t c = 0; c < field.gridWidth - 1 && x < info.width; ++c) {
-            const std::size_t ray =
-                static_cast<std::size_t>(k) * static_cast<std::size_t>(field.gridWidth) + static_cast<std::size_t>(c);
-            fillCell(field, {x, y, width, height, ray}, target, info);
+            drawCell(field, static_cast<std::size_t>(k * field.gridWidth + c), x, y, target, info);
             x = truncate(x + info.width * 0.03125);
         }
         y = truncate(y + info.height * 0.041666666666666664);

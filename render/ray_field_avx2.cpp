@@ -1,4 +1,4 @@
-// A row of the ray field eight pixels at a time; the last pixels of a row whose length is no multiple of eight are
+// The cells of the ray field eight pixels at a time; the last pixels of a row whose length is no multiple of eight are
 // left to the plain form.
 
 #include "render/ray_field_cell.h"
@@ -13,19 +13,30 @@ namespace {
 
 constexpr std::int32_t lanes = 8;
 
-// One 16.16 value at eight successive pixels.
+// Lanes of a packed value: 0 u, 1 v, 2 shade.
+__m128i pack(const FieldValue& value) {
+    return _mm_setr_epi32(value.u, value.v, value.shade, 0);
+}
+FieldValue unpack(__m128i value) {
+    return {_mm_extract_epi32(value, 0), _mm_extract_epi32(value, 1), _mm_extract_epi32(value, 2)};
+}
+
+// One quantity at eight successive pixels.
 class Walker {
   public:
-    Walker(std::int32_t left, std::int32_t step)
-        : value(_mm256_sub_epi32(_mm256_set1_epi32(left), _mm256_mullo_epi32(_mm256_set1_epi32(step), laneNumbers()))),
-          stride(_mm256_slli_epi32(_mm256_set1_epi32(step), 3)) {}
+    // left, step: the quantity itself in lane 0.
+    Walker(__m128i left, __m128i step) {
+        const __m256i steps = _mm256_broadcastd_epi32(step);
+        const __m256i laneNumbers = _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7);
+        value = _mm256_sub_epi32(_mm256_broadcastd_epi32(left), _mm256_mullo_epi32(steps, laneNumbers));
+        stride = _mm256_slli_epi32(steps, 3);
+    }
 
     __m256i get() const { return value; }
+    std::int32_t first() const { return _mm256_cvtsi256_si32(value); }
     void advance() { value = _mm256_sub_epi32(value, stride); }
 
   private:
-    static __m256i laneNumbers() { return _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7); }
-
     __m256i value;
     __m256i stride;
 };
@@ -43,12 +54,10 @@ __m256i spreadShade(__m256i shade) {
     return _mm256_shuffle_epi8(shade, bytes);
 }
 
-} // namespace
-
-void fillFieldRowVector(Pixel32* pixels, std::int32_t count, FieldValue left, FieldValue step, const Pixel32* texture) {
-    Walker u(left.u, step.u);
-    Walker v(left.v, step.v);
-    Walker shade(left.shade, step.shade);
+void fillRow(Pixel32* pixels, std::int32_t count, __m128i left, __m128i step, const Pixel32* texture) {
+    Walker u(left, step);
+    Walker v(_mm_srli_si128(left, 4), _mm_srli_si128(step, 4));
+    Walker shade(_mm_srli_si128(left, 8), _mm_srli_si128(step, 8));
     std::int32_t i = 0;
     for (; i + lanes <= count; i += lanes) {
         const __m256i texels =
@@ -58,10 +67,21 @@ void fillFieldRowVector(Pixel32* pixels, std::int32_t count, FieldValue left, Fi
         v.advance();
         shade.advance();
     }
-    if (i < count) {
-        const FieldValue rest = {_mm256_cvtsi256_si32(u.get()), _mm256_cvtsi256_si32(v.get()),
-                                 _mm256_cvtsi256_si32(shade.get())};
-        fillFieldRow(pixels + i, count - i, rest, step, texture);
+    if (i < count)
+        fillFieldRow(pixels + i, count - i, {u.first(), v.first(), shade.first()}, unpack(step), texture);
+}
+
+} // namespace
+
+void fillFieldCellVector(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture) {
+    __m128i left = pack(cell.left);
+    __m128i right = pack(cell.right);
+    const __m128i leftStep = pack(cell.leftStep);
+    const __m128i rightStep = pack(cell.rightStep);
+    for (std::int32_t row = 0; row < cell.height; ++row, pixels += pitch) {
+        fillRow(pixels, cell.width, left, _mm_srai_epi32(_mm_sub_epi32(left, right), fieldCellShift), texture);
+        left = _mm_add_epi32(left, leftStep);
+        right = _mm_add_epi32(right, rightStep);
     }
 }
 
@@ -71,8 +91,8 @@ void fillFieldRowVector(Pixel32* pixels, std::int32_t count, FieldValue left, Fi
 
 namespace lumenfold {
 
-void fillFieldRowVector(Pixel32* pixels, std::int32_t count, FieldValue left, FieldValue step, const Pixel32* texture) {
-    fillFieldRow(pixels, count, left, step, texture);
+void fillFieldCellVector(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture) {
+    fillFieldCell(pixels, pitch, cell, texture);
 }
 
 } // namespace lumenfold

@@ -2,7 +2,10 @@
 
 #include "core/pixel.h"
 
+#include <cstddef>
 #include <cstdint>
+
+// Plain records only: the vectorised source must not bring in code that the linker could share with the others.
 
 namespace lumenfold {
 
@@ -13,11 +16,26 @@ struct FieldValue {
     std::int32_t shade;
 };
 
-// Fills one row of a cell: count pixels from `left` on, `step` subtracted after each.
-// pixels: count of them; texture: 256 x 256.
-void fillFieldRow(Pixel32* pixels, std::int32_t count, FieldValue left, FieldValue step, const Pixel32* texture);
+// One cell: the values at both ends of its first row and their steps from row to row.
+struct FieldCell {
+    FieldValue left;
+    FieldValue right;
+    FieldValue leftStep;
+    FieldValue rightStep;
+    std::int32_t width; // in pixels
+    std::int32_t height;
+};
+
+// A pixel subtracts (left - right) >> fieldCellShift: the 16 columns of a cell of the 512-pixel frame.
+inline constexpr int fieldCellShift = 4;
+
+// Fills a cell. pixels: its top-left one in rows of pitch; texture: 256 x 256.
+void fillFieldCell(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture);
 
 // The same bits, eight pixels at a time. Call only where vectorCode() holds.
-void fillFieldRowVector(Pixel32* pixels, std::int32_t count, FieldValue left, FieldValue step, const Pixel32* texture);
+void fillFieldCellVector(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture);
+
+// Pixels of one row from `value` on.
+void fillFieldRow(Pixel32* pixels, std::int32_t count, FieldValue value, FieldValue step, const Pixel32* texture);
 
 } // namespace lumenfold

@@ -15,7 +15,7 @@ Picture sprite(int side, const std::function<Colour(float x, float y)>& shade) {
     return renderPicture(side, side, 8, [&](float x, float y, std::uint32_t) -> Colour {
         const float u = x / half - 1;
         const float v = y / half - 1;
-        const float edge = power(saturate((0.97F - length(u, v)) / 0.97F), 1.6F);
+        const float edge = power(saturate((0.92F - length(u, v)) / 0.92F), 1.6F);
         return shade(u, v) * edge;
     });
 }

@@ -1,5 +1,6 @@
 // lumenfold-forge: makes the show's assets from their sources, or verifies those that are there.
 #include "art/drafts.h"
+#include "art/picture.h"
 
 #include <algorithm>
 #include <chrono>
@@ -13,9 +14,10 @@ using namespace lumenfold::art;
 
 namespace {
 
-constexpr const char* usage = "usage: lumenfold-forge [--out DIR] [NAME...]   make the named files, or all of them\n"
-                              "       lumenfold-forge --list                  list what can be made\n"
-                              "DIR is show/ in the source tree unless given.\n";
+constexpr const char* usage =
+    "usage: lumenfold-forge [--out DIR] [--quick] [NAME...]   make the named files, or all of them\n"
+    "       lumenfold-forge --list                  list what can be made\n"
+    "DIR is show/ in the source tree unless given.\n";
 
 struct Options {
     std::string directory = LUMENFOLD_SHOW;
@@ -84,6 +86,8 @@ Options optionsOf(int count, char** arguments) {
         const std::string argument = arguments[i];
         if (argument == "--out" && i + 1 < count) {
             options.directory = arguments[++i];
+        } else if (argument == "--quick") { // one sample per pixel, for a fast look
+            renderQuickly();
         } else if (argument == "--list") {
             options.list = true;
         } else if (argument.rfind("--", 0) == 0) {

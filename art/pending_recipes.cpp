@@ -3,9 +3,6 @@
 
 namespace lumenfold::art {
 
-std::vector<Recipe> pictureRecipes() {
-    return {};
-}
 std::vector<Recipe> letteringRecipes() {
     return {};
 }

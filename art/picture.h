@@ -46,6 +46,9 @@ using Shader = std::function<Colour(float x, float y, std::uint32_t seed)>;
 // edge stays smooth.
 Picture renderPicture(int width, int height, int samples, const Shader& shade, float highlightWeight = 0);
 
+// From now on pictures are rendered with one sample per pixel, for a fast look at a work in progress.
+void renderQuickly();
+
 Picture blurred(const Picture& picture, float sigma, Edge edge); // Gaussian, sigma in pixels
 
 // Light that spreads in the lens: strength of a narrow and a wide blur of the picture are mixed in.

@@ -18,6 +18,14 @@ std::vector<Recipe> textureRecipes() {
         {"bfs1.pcx", true, makeRingFlare},
         {"bfs0.pcx", true, makeSparkFlare},
         {"petrolflare.jpg", true, makePetrolFlare},
+        {"hullpan.jpg", true, makeHullPanels},
+        {"ribwall.jpg", true, makeRibWall},
+        {"hall1.jpg", true, makeHallStone},
+        {"ripple.jpg", true, makeRipples},
+        {"fire1.jpg", true, makeFire},
+        {"coral1.jpg", true, makeCoral},
+        {"plate1.jpg", true, makeNameplate},
+        {"film1.jpg", true, makeFilmStrip},
     };
 }
 

@@ -24,4 +24,14 @@ void makeRingFlare(const std::string& path);
 void makeSparkFlare(const std::string& path);
 void makePetrolFlare(const std::string& path);
 
+void makeHullPanels(const std::string& path);
+void makeRibWall(const std::string& path);
+void makeHallStone(const std::string& path);
+void makeRipples(const std::string& path);
+void makeFire(const std::string& path);
+void makeCoral(const std::string& path);
+
+void makeNameplate(const std::string& path);
+void makeFilmStrip(const std::string& path);
+
 } // namespace lumenfold::art

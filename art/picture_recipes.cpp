@@ -1,0 +1,12 @@
+#include "art/pictures.h"
+#include "art/recipe.h"
+
+namespace lumenfold::art {
+
+std::vector<Recipe> pictureRecipes() {
+    return {
+        {"skum3.jpg", false, makeLiquidFolds},
+    };
+}
+
+} // namespace lumenfold::art

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+// One function per full-screen picture; each writes the finished file. The list of recipes stands in
+// picture_recipes.cpp.
+
+namespace lumenfold::art {
+
+void makeLiquidFolds(const std::string& path);
+
+} // namespace lumenfold::art

@@ -40,7 +40,7 @@ SpanEnd projectPoint(const TubePoint& point, float distance) {
     const float squared = point.x * point.x + point.z * point.z;
     const float facing = -(point.z / std::sqrt(squared)); // the outward direction against the viewer's (0, 0, -1)
     const double light = squared * squared * 0.0004 + facing * 40;
-    return {truncate(point.x * 256 / (distance + point.z) + 100), std::clamp(truncate(light) - 64, 0, 255)};
+    return {truncate(point.x * 256 / (distance + point.z) + 100), std::clamp(wrapSub(truncate(light), 64), 0, 255)};
 }
 
 // The values that step along a span.

@@ -35,7 +35,7 @@ inline void literalBuildTube(std::vector<TubePoint>& points, float t) {
 inline std::int32_t literalShade(const TubePoint& p) {
     const float r2 = p.x * p.x + p.z * p.z;
     const float nz = p.z / std::sqrt(r2);
-    return std::clamp(truncate(r2 * r2 * 0.0004 + nz * -1.0F * 40) - 64, 0, 255);
+    return std::clamp(wrapSub(truncate(r2 * r2 * 0.0004 + nz * -1.0F * 40), 64), 0, 255);
 }
 
 // Columns beyond the frame are stepped over, never written.

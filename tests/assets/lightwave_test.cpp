@@ -249,6 +249,32 @@ TEST(LightWave, EveryTruncation) {
     }
 }
 
+// Files that modelling programs wrote, from the Debian package assimp-testmodels.
+TEST(LightWave, FilesOfOtherPrograms) {
+    const std::string folder = "/usr/share/assimp/models/LWO/";
+    if (!std::ifstream(folder + "LWO2/boxuv.lwo"))
+        GTEST_SKIP() << "assimp-testmodels is not installed";
+    const struct {
+        const char* file;
+        std::uint32_t vertexCount;
+        std::uint32_t faceCount;
+        const char* told;
+    } cases[] = {
+        {"LWOB/sphere_with_mat_gloss_10pc.lwo", 266, 48, "called: GLOS    found unsupported subchunk....\n"},
+        {"LWOB/ConcavePolygon.lwo", 64, 0, "face has 66 vertices!! \n0found SURF chunk....\n"},
+        {"LWO2/boxuv.lwo", 0, 0, "asshole!!!  \nthis is a LWO2 file \n"},
+    };
+    for (const auto& c : cases) {
+        Mesh mesh;
+        testing::internal::CaptureStdout();
+        readLightWaveObject((folder + c.file).c_str(), mesh, 1);
+        EXPECT_NE(testing::internal::GetCapturedStdout().find(c.told), std::string::npos) << c.file;
+        EXPECT_EQ(mesh.vertexCount, c.vertexCount) << c.file;
+        EXPECT_EQ(mesh.faceCount, c.faceCount) << c.file;
+        useMesh(mesh);
+    }
+}
+
 TEST(LightWave, PadBytesAreNoNames) {
     Mesh mesh;
     readObject(object(chunk("SRFS", name("Red") + name("Blue")) + chunk("ODDS", "x") + std::string(1, '\0') +

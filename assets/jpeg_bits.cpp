@@ -4,11 +4,12 @@
 
 namespace lumenfold {
 
-void JpegBitReader::refillBytes() {
-    while (available <= 56) {
-        bits |= std::uint64_t{nextByte()} << (56 - available);
-        available += 8;
+JpegBits JpegBitReader::refillBytes(JpegBits window) {
+    while (window.available <= 56) {
+        window.bits |= std::uint64_t{nextByte()} << (56 - window.available);
+        window.available += 8;
     }
+    return window;
 }
 
 std::uint8_t JpegBitReader::nextByte() {
@@ -52,8 +53,7 @@ bool JpegBitReader::restart() {
     if (stop == Stop::End)
         return false;
     stop = Stop::None;
-    bits = 0;
-    available = 0;
+    ahead = {};
     padding = 0;
     return true;
 }

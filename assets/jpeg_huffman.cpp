@@ -50,12 +50,12 @@ void JpegHuffmanTable::buildCoefficients() {
     }
 }
 
-int JpegHuffmanTable::decodeLong(JpegBitReader& reader) const {
-    const std::uint32_t code = reader.peek(16);
+int JpegHuffmanTable::decodeLong(JpegBits& bits) const {
+    const std::uint32_t code = bits.peek(16);
     for (int length = fastBits + 1; length <= 16; ++length) {
         const auto i = static_cast<std::size_t>(length);
         if (code < limits[i]) {
-            reader.drop(length);
+            bits.drop(length);
             return codeValues[static_cast<std::size_t>(static_cast<std::int32_t>(code >> (16 - length)) +
                                                        firstValues[i])];
         }

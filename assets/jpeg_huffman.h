@@ -27,15 +27,15 @@ class JpegHuffmanTable {
     bool defined() const { return built; }
 
     // The next value; -1 when the bits are no code. Takes at most 16 bits.
-    int decode(JpegBitReader& reader) const {
-        const Entry entry = fast[reader.peek(fastBits)];
+    int decode(JpegBits& bits) const {
+        const Entry entry = fast[bits.peek(fastBits)];
         if (entry.length == 0)
-            return decodeLong(reader);
-        reader.drop(entry.length);
+            return decodeLong(bits);
+        bits.drop(entry.length);
         return entry.value;
     }
 
-    const Coefficient& coefficient(const JpegBitReader& reader) const { return coefficients[reader.peek(fastBits)]; }
+    const Coefficient& coefficient(const JpegBits& bits) const { return coefficients[bits.peek(fastBits)]; }
 
   private:
     struct Entry {
@@ -43,7 +43,7 @@ class JpegHuffmanTable {
         std::uint8_t length; // 0: a longer code
     };
 
-    int decodeLong(JpegBitReader& reader) const;
+    int decodeLong(JpegBits& bits) const;
     void buildFast(const std::uint8_t* counts);
     void buildCoefficients();
 

@@ -30,31 +30,27 @@ void setCoefficient(JpegBlock& block, std::size_t k, std::int32_t value, std::ui
     const std::size_t position = zigzag[k];
     block.coefficients[position] = scaled;
     block.present |= std::uint64_t{1} << position;
-    block.magnitude |= static_cast<std::uint32_t>(scaled < 0 ? wrapSub(0, scaled) : scaled);
-    ++block.count;
+    block.range |= static_cast<std::uint32_t>(scaled) + jpegRangeLimit;
 }
 
-// Reads one block's coefficients; false when the data is no code.
-bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t& predictor, JpegBlock& block) {
-    block.coefficients.fill(0);
-    block.present = 0;
-    block.magnitude = 0;
-    block.count = 0;
-    reader.refill();
-    const int category = tables.dc.decode(reader);
+// Reads the coefficients of one block, which is all zeros; false when the data is no code.
+bool readCoefficients(JpegBitReader& reader, JpegBits& bits, const BlockTables& tables, std::int32_t& predictor,
+                      JpegBlock& block) {
+    reader.refill(bits);
+    const int category = tables.dc.decode(bits);
     if (category < 0 || category > largestCategory)
         return false;
-    predictor = wrapAdd(predictor, reader.takeExtended(category));
+    predictor = wrapAdd(predictor, bits.takeExtended(category));
     setCoefficient(block, 0, predictor, tables.steps[0]);
     for (std::size_t k = 1; k < 64; ++k) {
-        reader.refill();
-        const JpegHuffmanTable::Coefficient& whole = tables.ac.coefficient(reader);
+        reader.refill(bits);
+        const JpegHuffmanTable::Coefficient whole = tables.ac.coefficient(bits);
         std::int32_t value = whole.value;
         if (whole.length != 0) {
-            reader.drop(whole.length);
+            bits.drop(whole.length);
             k += whole.run;
         } else {
-            const int runCategory = tables.ac.decode(reader);
+            const int runCategory = tables.ac.decode(bits);
             if (runCategory < 0)
                 return false;
             k += static_cast<std::size_t>(runCategory >> 4);
@@ -63,13 +59,23 @@ bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t&
                     break;
                 continue;
             }
-            value = reader.takeExtended(runCategory & 15);
+            value = bits.takeExtended(runCategory & 15);
         }
         if (k > 63)
             break;
         setCoefficient(block, k, value, tables.steps[k]);
     }
     return true;
+}
+
+bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t& predictor, JpegBlock& block) {
+    block.coefficients.fill(0);
+    block.present = 0;
+    block.range = 0;
+    JpegBits bits = reader.take();
+    const bool good = readCoefficients(reader, bits, tables, predictor, block);
+    reader.putBack(bits);
+    return good;
 }
 
 } // namespace

@@ -100,7 +100,7 @@ void jpegFlatBlock(std::int32_t coefficient, std::uint8_t* destination, std::siz
 }
 
 void jpegTransformPlain(const JpegBlock& block, std::uint8_t* destination, std::size_t stride) {
-    if (block.count == 1)
+    if (block.present == 1)
         return jpegFlatBlock(block.coefficients[0], destination, stride);
     Values values;
     if (jpegWorthTwoPasses(block)) {

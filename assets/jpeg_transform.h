@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -12,28 +13,30 @@ namespace lumenfold {
 // Dequantised coefficients in natural order, row by row of vertical frequencies.
 struct alignas(32) JpegBlock {
     std::array<std::int32_t, 64> coefficients;
-    std::uint64_t present;   // bit i: coefficient i has been set; all others are 0
-    std::uint32_t magnitude; // all absolute values, or-ed together
-    int count;               // number of coefficients set; coefficient 0 always is
+    std::uint64_t present; // bit i: coefficient i has been set, as coefficient 0 always is; all others are 0
+    std::uint32_t range;   // every coefficient + jpegRangeLimit, or-ed together
 };
 
-// What the forms share. cosines[coefficient][pixel]: the whole products, for the sums that are the definition.
-// lines[frequency][position]: one dimension of them, for a first try in two passes: where its value, give or take
-// jpegMargin, leaves no doubt about the truncated sample, the long sum would give the same.
+// Coefficients from -jpegRangeLimit to jpegRangeLimit - 1 leave range below twice the limit.
+inline constexpr std::uint32_t jpegRangeLimit = 1u << 11;
+
+// What the forms share. products[coefficient][pixel]: the cosine entries, for the sums that are the definition.
+// lines[frequency][position]: one dimension of them, for a first try in two passes, down the columns of a block after
+// its rows. A sample is taken from there only where a value even jpegMargin away would truncate to the same.
 struct JpegCosines {
     alignas(32) double products[64][64];
     alignas(32) double lines[8][8];
 };
 const JpegCosines& jpegCosines();
 
-// With magnitudes below this limit both ways to a sample differ by less than 2^-26: each rounds at most 70 times by
-// 2^-53 of a sum of absolute values below 64 x 2^16 / 4.
-inline constexpr std::uint32_t jpegMagnitudeLimit = 1u << 16;
-inline constexpr double jpegMargin = 0x1p-20;
+// With coefficients in the range the two ways to a value differ by less than 2^-15: by 70 roundings each, to 2^-53
+// of at most 64 x 2^11 / 4, and, where the second half of a column is mirrored from the first, by what the 10 digits of
+// pi make of the cosine's symmetry, 7 x 15 / 16 x 9e-11 for each of 64 x 2^11 / 4.
+inline constexpr double jpegMargin = 0x1p-14;
 
-// Whether the two passes are cheaper than the sums.
+// Whether the two passes are possible and cheaper than the sums.
 inline bool jpegWorthTwoPasses(const JpegBlock& block) {
-    return block.count > 6 && block.magnitude < jpegMagnitudeLimit;
+    return std::popcount(block.present) > 4 && block.range < 2 * jpegRangeLimit;
 }
 
 // A block of nothing but its mean, coefficient 0.

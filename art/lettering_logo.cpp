@@ -1,0 +1,165 @@
+// The title: the name in its own lettering, bevelled from a distance transform, folded along one line into a cold and
+// a warm half, with glow. Added over the picture and then smeared sideways, so everything around is true black.
+
+#include "art/cairo_picture.h"
+#include "art/encode.h"
+#include "art/lettering.h"
+#include "art/lettering_name.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace lumenfold::art {
+
+namespace {
+
+constexpr int width = 512;
+constexpr int height = 80;
+constexpr int scale = 4; // the lettering is worked on four times as large
+constexpr float bevel = 3.4F;
+
+// The line of the fold: rises to the right.
+float foldAt(float x) {
+    return 58.5F - 22 * (x + 20) / 560;
+}
+
+// Distance of every painted pixel to the nearest unpainted one, in pixels of the large picture, up to `reach`.
+Picture distanceInside(const Picture& mask, int reach) {
+    const int w = mask.width();
+    const int h = mask.height();
+    const auto far = static_cast<float>(reach);
+    Picture column(w, h); // along the columns only
+    for (int x = 0; x < w; ++x) {
+        float run = far;
+        for (int y = 0; y < h; ++y)
+            column.at(x, y).x = run = mask.at(x, y).x > 0.5F ? std::min(run + 1, far) : 0;
+        run = far;
+        for (int y = h - 1; y >= 0; --y) {
+            run = mask.at(x, y).x > 0.5F ? std::min(run + 1, far) : 0;
+            column.at(x, y).x = std::min(column.at(x, y).x, run);
+        }
+    }
+    Picture distance(w, h);
+    distance.change([&](Colour, int x, int y) {
+        float best = far * far;
+        for (int s = std::max(-reach, -x); s <= std::min(reach, w - 1 - x); ++s) {
+            const float d = column.at(x + s, y).x;
+            best = std::min(best, d * d + static_cast<float>(s * s));
+        }
+        return Colour{std::sqrt(best), 0, 0};
+    });
+    return distance;
+}
+
+// Cold above the horizon, warm below; t = 0 at the horizon, 1 straight up or down.
+Colour coldSky(float t) {
+    const Colour stops[] = {palette::ice * 1.15F,   palette::ice * 0.6F,  palette::teal * 0.9F,
+                            palette::petrol * 0.8F, palette::deep * 1.6F, palette::ice * 0.65F};
+    const float place = saturate(t) * 4.999F;
+    const int i = static_cast<int>(place);
+    return mix(stops[i], stops[i + 1], place - static_cast<float>(i));
+}
+Colour warmGround(float t) {
+    const Colour stops[] = {palette::ink, palette::ember * 0.6F, palette::amber * 0.8F, palette::gold,
+                            palette::ember * 0.6F};
+    const float place = saturate(t) * 3.999F;
+    const int i = static_cast<int>(place);
+    return mix(stops[i], stops[i + 1], place - static_cast<float>(i));
+}
+
+// Half-size steps of `scale`: the mean of each block.
+Picture reduced(const Picture& large) {
+    Picture small(large.width() / scale, large.height() / scale);
+    small.change([&](Colour, int x, int y) {
+        Colour sum;
+        for (int j = 0; j < scale; ++j)
+            for (int i = 0; i < scale; ++i)
+                sum += large.at(x * scale + i, y * scale + j);
+        return sum * (1.0F / (scale * scale));
+    });
+    return small;
+}
+
+// The chrome of one letter pixel: its bevel's normal, leaned towards the fold, mirrors a cold or a warm half.
+Colour chrome(float x, float y, float slopeX, float slopeY, float inside) {
+    const bool above = y < foldAt(x);
+    const Vec3 n = normalize({-slopeX + (above ? 0.10F : -0.06F), -slopeY + (above ? -0.34F : 0.42F), 1});
+    const float ripple = 0.10F * sine(x * 0.045F + 1.3F) + 0.05F * sine(x * 0.11F + 4 * n.z * n.x);
+    const float elevation = -2 * n.z * n.y + ripple;
+    Colour light = elevation > 0 ? coldSky(elevation) : warmGround(-elevation);
+    const float key = power(saturate(dot(n, {-0.52F, -0.60F, 0.61F})), 38);
+    light += palette::ice * (1.1F * key) + palette::teal * (0.55F * saturate(1 - inside / 0.7F));
+    return light;
+}
+
+Picture chromeLetters(const Picture& mask) {
+    const Picture distance = distanceInside(mask, static_cast<int>(5.25F * scale) + 2);
+    Picture relief(mask.width(), mask.height());
+    relief.change([&](Colour, int x, int y) {
+        const float q = 1 - saturate(distance.at(x, y).x / scale / bevel);
+        return Colour{bevel * 0.85F * std::sqrt(1 - q * q), 0, 0};
+    });
+    relief = blurred(relief, 1.2F, Edge::clamp);
+    Picture letters(mask.width(), mask.height());
+    letters.change([&](Colour, int x, int y) -> Colour {
+        const auto at = [&](int i, int j) {
+            return relief.at(std::clamp(i, 0, mask.width() - 1), std::clamp(j, 0, mask.height() - 1)).x;
+        };
+        const float slopeX = (at(x + 1, y) - at(x - 1, y)) * scale / 2;
+        const float slopeY = (at(x, y + 1) - at(x, y - 1)) * scale / 2;
+        const float px = static_cast<float>(x) / scale;
+        const float py = static_cast<float>(y) / scale;
+        return chrome(px, py, slopeX, slopeY, distance.at(x, y).x / scale) * mask.at(x, y).x;
+    });
+    const Picture around = blurred(mask, 6, Edge::clamp);
+    letters.change([&](Colour light, int x, int y) {
+        const float px = static_cast<float>(x) / scale;
+        const float seam = bell(static_cast<float>(y) / scale - foldAt(px), 0.57F);
+        const float strength = 0.35F + 0.65F * bell(px - 330, 64);
+        return light + palette::ice * (seam * saturate(around.at(x, y).x * 2.2F) * 0.8F * strength);
+    });
+    return letters;
+}
+
+// A spark sits on the fold.
+float spark(float x, float y) {
+    constexpr float sparkX = 352;
+    const float dx = x - sparkX;
+    const float dy = y - foldAt(sparkX);
+    const float along = std::fabs(dy + 22.0F / 560 * dx);
+    return 1.6F * bell(length(dx, dy), 1.55F) + 0.9F * exponential(-along / 0.9F - std::fabs(dx) / 34) +
+           0.5F * exponential(-std::fabs(dx) / 0.8F - std::fabs(dy) / 9);
+}
+
+} // namespace
+
+void makeLogo(const std::string& path) {
+    const Picture mask = drawn(width * scale, height * scale, [](cairo_t* cairo) {
+        cairo_scale(cairo, scale, scale);
+        drawName(cairo, (width - nameWidth()) / 2);
+        // the fold is cut through the letters as a hairline
+        cairo_set_operator(cairo, CAIRO_OPERATOR_CLEAR);
+        cairo_set_line_width(cairo, 1);
+        cairo_move_to(cairo, -20, 58.5);
+        cairo_line_to(cairo, 540, 36.5);
+        cairo_stroke(cairo);
+    });
+    const Picture letters = reduced(chromeLetters(mask));
+    const Picture cover = reduced(mask);
+    const Picture near = blurred(letters, 2.2F, Edge::clamp);
+    const Picture wide = blurred(letters, 9, Edge::clamp);
+    const Picture halo = blurred(cover, 7, Edge::clamp);
+    Picture title(width, height);
+    title.change([&](Colour, int x, int y) {
+        const auto border = [](int place, int size, float reach) {
+            return saturate(static_cast<float>(std::min(place, size - 1 - place) - 1) / reach);
+        };
+        const float fade = power(border(x, width, 16) * border(y, height, 12), 1.2F);
+        const Colour glow = near.at(x, y) * 0.35F + palette::teal * (0.16F * halo.at(x, y).x) + wide.at(x, y) * 0.30F;
+        return letters.at(x, y) + glow * (fade * (1 - 0.6F * cover.at(x, y).x)) +
+               palette::ice * (spark(static_cast<float>(x), static_cast<float>(y)) * fade);
+    });
+    writeBitmap(path, withTrueBlack(developed(title, {1.15F, true, 0}), 5));
+}
+
+} // namespace lumenfold::art

@@ -29,15 +29,15 @@ void drawAdded(const Run& run) {
     drawRunPlain(run, [&run](const Coordinates<1>& at, Pixel32 pixel) { return addSaturated(texel(run, at), pixel); });
 }
 
-DrawAffineRun<1> opaqueRun() {
-    return vectorCode() ? vectorAffineRun() : drawOpaque;
+AffineLoops<1> opaqueLoops() {
+    return {drawOpaque, vectorCode() ? vectorAffineRun() : drawOpaque};
 }
-DrawAffineRun<1> addedRun() {
-    return vectorCode() ? vectorAffineRunAdd() : drawAdded;
+AffineLoops<1> addedLoops() {
+    return {drawAdded, vectorCode() ? vectorAffineRunAdd() : drawAdded};
 }
 
 void drawSpan(const End& a, const End& b, std::int32_t row, const Pixel32* texture, FrameInfo info, Pixel32* target,
-              float depthBias, DrawAffineRun<1> drawRun) {
+              float depthBias, AffineLoops<1> drawRun) {
     Run run;
     run.textures = {{texture}};
     if (makeAffineRun(run, a, b, row, info, target, depthBias))
@@ -45,7 +45,7 @@ void drawSpan(const End& a, const End& b, std::int32_t row, const Pixel32* textu
 }
 
 void drawTriangle(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
-                  float depthBias, DrawAffineRun<1> drawRun) {
+                  float depthBias, AffineLoops<1> drawRun) {
     walkAffineTriangle<1>({snapped(corners[0]), snapped(corners[1]), snapped(corners[2])}, info.height,
                           [&](const End& a, const End& b, std::int32_t row) {
                               drawSpan(a, b, row, texture, info, target, depthBias, drawRun);
@@ -56,24 +56,24 @@ void drawTriangle(const AffineCorner (&corners)[3], const Pixel32* texture, Fram
 
 void drawTriangleAffine(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
                         float depthBias) {
-    drawTriangle(corners, texture, info, target, depthBias, opaqueRun());
+    drawTriangle(corners, texture, info, target, depthBias, opaqueLoops());
 }
 
 void drawTriangleAffineAdd(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
                            float depthBias) {
-    drawTriangle(corners, texture, info, target, depthBias, addedRun());
+    drawTriangle(corners, texture, info, target, depthBias, addedLoops());
 }
 
 void drawSpanAffine(std::int32_t xa, std::int32_t xb, float za, float zb, std::int32_t ua, std::int32_t ub,
                     std::int32_t va, std::int32_t vb, std::int32_t row, const Pixel32* texture, FrameInfo info,
                     Pixel32* target, float depthBias) {
-    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, opaqueRun());
+    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, opaqueLoops());
 }
 
 void drawSpanAffineAdd(std::int32_t xa, std::int32_t xb, float za, float zb, std::int32_t ua, std::int32_t ub,
                        std::int32_t va, std::int32_t vb, std::int32_t row, const Pixel32* texture, FrameInfo info,
                        Pixel32* target, float depthBias) {
-    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, addedRun());
+    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, addedLoops());
 }
 
 } // namespace lumenfold

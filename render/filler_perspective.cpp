@@ -4,6 +4,7 @@
 #include "core/kernels.h"
 #include "render/depth_buffer.h"
 #include "render/perspective_rows.h"
+#include "render/planar.h"
 
 #include <algorithm>
 #include <cmath>
@@ -28,25 +29,8 @@ struct Corner {
 
 Corner makeCorner(const PerspectiveCorner& corner) {
     const float w = 1.0F / corner.z;
-    return {corner.x + 0.5F, corner.y + 0.5F, {w, w * corner.u, w * corner.v}};
+    return {corner.x + 0.5F, corner.y + 0.5F, {w * corner.u, w * corner.v, w, w}};
 }
-
-// The plane through the three corners' values of one quantity.
-struct Plane {
-    float dx1, dy1, dx2, dy2; // top to middle, top to bottom
-    float denominator;
-
-    Plane(const Corner& top, const Corner& middle, const Corner& bottom)
-        : dx1(middle.x - top.x), dy1(middle.y - top.y), dx2(bottom.x - top.x), dy2(bottom.y - top.y),
-          denominator(dx2 * dy1 - dx1 * dy2) {}
-
-    float perPixel(float top, float middle, float bottom) const {
-        return ((bottom - top) * dy1 - (middle - top) * dy2) / denominator;
-    }
-    float perRow(float top, float middle, float bottom) const {
-        return ((middle - top) * dx2 - (bottom - top) * dx1) / denominator;
-    }
-};
 
 class Walker {
   public:
@@ -55,13 +39,10 @@ class Walker {
 
     void startLeft(const Corner& corner, float slope) {
         const float p = corner.preStep();
-        const Planar& perPixel = triangle_.perPixel;
         edges_.left = corner.x + slope * p;
         edges_.leftStep = slope;
-        edges_.planarStep = {perPixel.w * slope + perRow_.w, perPixel.u * slope + perRow_.u,
-                             perPixel.v * slope + perRow_.v};
-        edges_.planar = {corner.planar.w + edges_.planarStep.w * p, corner.planar.u + edges_.planarStep.u * p,
-                         corner.planar.v + edges_.planarStep.v * p};
+        edges_.planarStep = triangle_.perPixel * slope + perRow_;
+        edges_.planar = corner.planar + edges_.planarStep * p;
     }
 
     void startRight(const Corner& corner, float slope) {
@@ -71,7 +52,7 @@ class Walker {
 
     void walk(std::int32_t row, std::int32_t end) {
         for (const std::int32_t hidden = std::min(end, 0); row < hidden; ++row)
-            edges_.advance();
+            advance(edges_);
         end = std::min(end, height_);
         if (row < end)
             drawRows_(triangle_, edges_, row, end);
@@ -122,17 +103,19 @@ void drawTriangle(const PerspectiveCorner (&projected)[3], PerspectiveTriangle& 
         return;
     if (truncate(top.x) == truncate(middle.x) && truncate(middle.x) == truncate(bottom.x))
         return;
-    const Plane plane(top, middle, bottom);
-    if (plane.denominator == 0.0F)
+    // x and y from the top to the middle (1) and to the bottom corner (2)
+    const float dx1 = middle.x - top.x;
+    const float dy1 = middle.y - top.y;
+    const float dx2 = bottom.x - top.x;
+    const float dy2 = bottom.y - top.y;
+    const float denominator = dx2 * dy1 - dx1 * dy2;
+    if (denominator == 0.0F)
         return;
-
-    triangle.perPixel = {plane.perPixel(top.planar.w, middle.planar.w, bottom.planar.w),
-                         plane.perPixel(top.planar.u, middle.planar.u, bottom.planar.u),
-                         plane.perPixel(top.planar.v, middle.planar.v, bottom.planar.v)};
-    triangle.perBlock = {16.0F * triangle.perPixel.w, 16.0F * triangle.perPixel.u, 16.0F * triangle.perPixel.v};
-    const Planar perRow = {plane.perRow(top.planar.w, middle.planar.w, bottom.planar.w),
-                           plane.perRow(top.planar.u, middle.planar.u, bottom.planar.u),
-                           plane.perRow(top.planar.v, middle.planar.v, bottom.planar.v)};
+    const Planar d1 = middle.planar - top.planar;
+    const Planar d2 = bottom.planar - top.planar;
+    triangle.perPixel = (d2 * dy1 - d1 * dy2) / denominator;
+    triangle.perBlock = triangle.perPixel * 16.0F;
+    const Planar perRow = (d1 * dx2 - d2 * dx1) / denominator;
     const float topMiddle = slope(top, middle);
     const float topBottom = slope(top, bottom);
     const float middleBottom = slope(middle, bottom);

@@ -28,12 +28,12 @@ void drawPlain(const Run& run) {
     });
 }
 
-DrawAffineRun<2> twoLayerRun() {
-    return vectorCode() ? vectorTwoLayerRun() : drawPlain;
+AffineLoops<2> twoLayerLoops() {
+    return {drawPlain, vectorCode() ? vectorTwoLayerRun() : drawPlain};
 }
 
 void drawSpan(const End& a, const End& b, std::int32_t row, const Layers<2>& textures, FrameInfo info, Pixel32* target,
-              float depthBias, DrawAffineRun<2> drawRun) {
+              float depthBias, AffineLoops<2> drawRun) {
     Run run;
     run.textures = textures;
     if (makeAffineRun(run, a, b, row, info, target, depthBias))
@@ -44,7 +44,7 @@ void drawSpan(const End& a, const End& b, std::int32_t row, const Layers<2>& tex
 
 void drawTriangleTwoLayer(const AffineCorner (&corners)[3], const Pixel32* first, const Pixel32* second, FrameInfo info,
                           Pixel32* target, float depthBias) {
-    const DrawAffineRun<2> drawRun = twoLayerRun();
+    const AffineLoops<2> drawRun = twoLayerLoops();
     walkAffineTriangle<2>({snapped(corners[0]), snapped(corners[1]), snapped(corners[2])}, info.height,
                           [&](const End& a, const End& b, std::int32_t row) {
                               drawSpan(a, b, row, {{first, second}}, info, target, depthBias, drawRun);
@@ -55,7 +55,7 @@ void drawSpanTwoLayer(std::int32_t xa, std::int32_t xb, float za, float zb, cons
                       const TwoLayerCoordinates& b, std::int32_t row, const Pixel32* first, const Pixel32* second,
                       FrameInfo info, Pixel32* target, float depthBias) {
     drawSpan({xa, za, {{a.u1, a.v1, a.u2, a.v2}}}, {xb, zb, {{b.u1, b.v1, b.u2, b.v2}}}, row, {{first, second}}, info,
-             target, depthBias, twoLayerRun());
+             target, depthBias, twoLayerLoops());
 }
 
 } // namespace lumenfold

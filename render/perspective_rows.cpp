@@ -2,6 +2,7 @@
 
 #include "core/convert.h"
 #include "core/packed.h"
+#include "render/planar.h"
 
 #include <algorithm>
 
@@ -25,41 +26,32 @@ struct Added {
 };
 
 struct TexturePoint {
-    std::uint32_t u, v; // 16.16
+    std::int32_t u, v; // 16.16
 };
 
 TexturePoint texturePoint(const Planar& planar) {
     const float z = 65536.0F / planar.w;
-    return {static_cast<std::uint32_t>(truncate(z * planar.u)), static_cast<std::uint32_t>(truncate(z * planar.v))};
-}
-
-Planar stepped(const Planar& planar, const Planar& step, float count) {
-    return {planar.w + count * step.w, planar.u + count * step.u, planar.v + count * step.v};
+    return {truncate(z * planar.u), truncate(z * planar.v)};
 }
 
 // A run of pixels within which u, v and w change by constant steps.
 template <class Operation>
-void drawRun(const PerspectiveTriangle& triangle, std::int64_t at, std::int32_t count, TexturePoint point,
-             TexturePoint step, float w, float wStep) {
+void drawRun(const PerspectiveTriangle& triangle, std::int64_t at, std::int32_t count,
+             const RunCoordinates& coordinates, float w, float wStep) {
     Pixel32* pixel = triangle.target + at;
     float* depth = triangle.depth + at;
+    auto u = static_cast<std::uint32_t>(coordinates.u);
+    auto v = static_cast<std::uint32_t>(coordinates.v);
     if (Operation::scrolls)
-        point.u += triangle.scroll;
+        u += triangle.scroll;
     for (std::int32_t i = 0; i < count; ++i) {
         const float d = w + triangle.depthBias;
         if (depth[i] < d)
-            Operation::write(pixel[i], depth[i], triangle.texture[(point.v >> 8 & 0xFF00) | (point.u >> 16 & 0xFF)], d);
-        point.u += step.u;
-        point.v += step.v;
+            Operation::write(pixel[i], depth[i], triangle.texture[(v >> 8 & 0xFF00) | (u >> 16 & 0xFF)], d);
+        u += static_cast<std::uint32_t>(coordinates.uStep);
+        v += static_cast<std::uint32_t>(coordinates.vStep);
         w += wStep;
     }
-}
-
-std::uint32_t shiftedDifference(std::uint32_t end, std::uint32_t start) {
-    return static_cast<std::uint32_t>(static_cast<std::int32_t>(end - start) >> 4);
-}
-std::uint32_t dividedDifference(std::uint32_t end, std::uint32_t start, std::int32_t count) {
-    return static_cast<std::uint32_t>(static_cast<std::int32_t>(end - start) / count);
 }
 
 template <class Operation>
@@ -72,24 +64,25 @@ void drawSpan(const PerspectiveTriangle& triangle, const PerspectiveEdges& edges
     std::int32_t remaining = right - left;
 
     // measured from the true edge, so a span cut at the left border starts inside the texture
-    Planar planar = stepped(edges.planar, triangle.perPixel, 1.0F - (edges.left - static_cast<float>(left)));
+    Planar planar = edges.planar + triangle.perPixel * (1.0F - (edges.left - static_cast<float>(left)));
     TexturePoint point = texturePoint(planar);
     for (; remaining >= blockLength; remaining -= blockLength, at += blockLength) {
-        const Planar end = stepped(planar, triangle.perBlock, 1.0F);
+        const Planar end = planar + triangle.perBlock;
         const TexturePoint endPoint = texturePoint(end);
-        drawRun<Operation>(triangle, at, blockLength, point,
-                           {shiftedDifference(endPoint.u, point.u), shiftedDifference(endPoint.v, point.v)}, planar.w,
-                           (end.w - planar.w) * 0.0625F);
+        const RunCoordinates coordinates = {point.u, point.v, wrapSub(endPoint.u, point.u) >> 4,
+                                            wrapSub(endPoint.v, point.v) >> 4};
+        drawRun<Operation>(triangle, at, blockLength, coordinates, planar.w, (end.w - planar.w) * 0.0625F);
         planar = end;
         point = endPoint;
     }
     if (remaining > 0) {
-        const Planar end = stepped(planar, triangle.perPixel, static_cast<float>(remaining));
-        const auto u = static_cast<std::uint32_t>(truncate(end.u * 65536.0F / end.w));
-        const auto v = static_cast<std::uint32_t>(truncate(end.v * 65536.0F / end.w));
-        drawRun<Operation>(triangle, at, remaining, point,
-                           {dividedDifference(u, point.u, remaining), dividedDifference(v, point.v, remaining)},
-                           planar.w, triangle.perPixel.w);
+        const Planar end = planar + triangle.perPixel * static_cast<float>(remaining);
+        // here the end is multiplied before it is divided
+        const std::int32_t u = truncate(end.u * 65536.0F / end.w);
+        const std::int32_t v = truncate(end.v * 65536.0F / end.w);
+        const RunCoordinates coordinates = {point.u, point.v, wrapSub(u, point.u) / remaining,
+                                            wrapSub(v, point.v) / remaining};
+        drawRun<Operation>(triangle, at, remaining, coordinates, planar.w, triangle.perPixel.w);
     }
 }
 
@@ -97,11 +90,16 @@ template <class Operation>
 void drawRows(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row, std::int32_t end) {
     for (; row < end; ++row) {
         drawSpan<Operation>(triangle, edges, row);
-        edges.advance();
+        advance(edges);
     }
 }
 
 } // namespace
+
+void drawRunPlain(const PerspectiveTriangle& triangle, std::int64_t at, std::int32_t count,
+                  const RunCoordinates& coordinates, float w, float wStep) {
+    drawRun<Opaque>(triangle, at, count, coordinates, w, wStep);
+}
 
 void drawRowsPlain(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row, std::int32_t end) {
     drawRows<Opaque>(triangle, edges, row, end);

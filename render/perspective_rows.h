@@ -8,9 +8,10 @@
 
 namespace lumenfold {
 
-// Quantities that are planar over the screen: w = 1/z, and the texture coordinates times w.
+// Quantities that are planar over the screen: the texture coordinates times w, and w = 1/z. w stands there twice to
+// make four lanes.
 struct Planar {
-    float w, u, v;
+    float u, v, w, again;
 };
 
 // What does not change within one triangle.
@@ -31,15 +32,17 @@ struct PerspectiveEdges {
     Planar planar;
     float leftStep, rightStep;
     Planar planarStep;
-
-    void advance() {
-        left += leftStep;
-        right += rightStep;
-        planar.w += planarStep.w;
-        planar.u += planarStep.u;
-        planar.v += planarStep.v;
-    }
 };
+
+// Texture coordinates of a run of pixels: where it starts, and their steps per pixel; 16.16.
+struct RunCoordinates {
+    std::int32_t u, v;
+    std::int32_t uStep, vStep;
+};
+
+// The pixels of one opaque run in plain form: `at` is the first one's index, w its 1/z.
+void drawRunPlain(const PerspectiveTriangle& triangle, std::int64_t at, std::int32_t count,
+                  const RunCoordinates& coordinates, float w, float wStep);
 
 // Draws rows [row, end), all of them on the target, and leaves the edges at row end.
 using PerspectiveRows = void (*)(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row,

@@ -92,7 +92,7 @@ void measureJpeg(Report& report, bool peers) {
         return;
     }
     report.add(name, own, "Mpixel/s", "libjpeg-turbo", pixels / turboMicroseconds(files));
-    report.add(name, own, "Mpixel/s", "libjpeg-turbo, plain", pixels / turboPlain);
+    report.add(name, own, "Mpixel/s", "libjpeg-turbo without SIMD", pixels / turboPlain);
     report.add(name, own, "Mpixel/s", "stb_image", pixels / stbMicroseconds(files));
 }
 

@@ -10,7 +10,7 @@ Report::Report(Format format) : format_(format) {
     if (format_ == Format::Csv)
         std::printf("name,value,unit,peer,peer value,ratio\n");
     else
-        std::printf("%-44s %10s %-10s %-24s %10s %8s\n", "", "value", "", "peer", "", "ratio");
+        std::printf("%-44s %10s %-10s %-26s %10s %8s\n", "", "value", "", "peer", "", "ratio");
 }
 
 void Report::section(const char* title) {
@@ -39,7 +39,7 @@ void Report::print(const Row& row) const {
     else if (row.peer.empty())
         std::printf("%-44s %10.1f %-10s\n", row.name.c_str(), row.value, row.unit.c_str());
     else
-        std::printf("%-44s %10.1f %-10s %-24s %10.1f %8.2f\n", row.name.c_str(), row.value, row.unit.c_str(),
+        std::printf("%-44s %10.1f %-10s %-26s %10.1f %8.2f\n", row.name.c_str(), row.value, row.unit.c_str(),
                     row.peer.c_str(), row.peerValue, row.ratio);
     std::fflush(stdout);
 }

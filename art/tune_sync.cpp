@@ -146,7 +146,7 @@ double secondsAtRow(const std::vector<Section>& sections, int row, int outputRat
     return samples / outputRate;
 }
 
-std::vector<TimingCheck> checkTimeline(int outputRate) {
+std::vector<TuneCheck> checkTimeline(int outputRate) {
     const auto& demo = demoSections();
     const auto& end = endSections();
     constexpr double frame = 1.0 / 60.0;

@@ -49,7 +49,7 @@ const Section& sectionNamed(const std::vector<Section>& sections, const std::str
 double secondsAtRow(const std::vector<Section>& sections, int row, int outputRate);
 
 // One measured length of the timeline and what the scenes allow.
-struct TimingCheck {
+struct TuneCheck {
     std::string what;
     double measured;
     double lowest;
@@ -61,6 +61,6 @@ struct TimingCheck {
 
 // Every length and count that the scenes depend on, measured at the output rate. Local times may come up to one
 // frame late against the music; their limits are narrowed by that frame.
-std::vector<TimingCheck> checkTimeline(int outputRate);
+std::vector<TuneCheck> checkTimeline(int outputRate);
 
 } // namespace lumenfold::art

@@ -31,16 +31,16 @@ struct PlaneLines {
 bool unpackRuns(const std::uint8_t* data, std::size_t size, std::vector<std::uint8_t>& block) {
     std::size_t stored = 0;
     for (std::size_t position = 0; position < size; ++position) {
-        std::size_t count = 1;
-        std::uint8_t value = data[position];
-        if ((value & 0xC0) == 0xC0) {
+        const std::uint8_t byte = data[position];
+        if ((byte & 0xC0) != 0xC0) {
+            block[stored++] = byte;
+        } else {
             if (++position == size)
                 return false;
-            count = std::min<std::size_t>(value & 0x3F, block.size() - stored);
-            value = data[position];
+            const std::size_t count = std::min<std::size_t>(byte & 0x3F, block.size() - stored);
+            std::memset(block.data() + stored, data[position], count);
+            stored += count;
         }
-        std::memset(block.data() + stored, value, count);
-        stored += count;
         if (stored == block.size())
             return true;
     }

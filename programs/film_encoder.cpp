@@ -14,10 +14,11 @@ std::vector<std::string> encoderArguments(const std::string& fileName, std::int3
     const std::string size = std::to_string(width) + "x" + std::to_string(height);
     return {"ffmpeg", "-y", "-nostdin", "-loglevel", "error",
             // pictures: 0x00RRGGBB, little-endian
-            "-f", "rawvideo", "-pixel_format", "bgr0", "-video_size", size, "-framerate", std::to_string(fps), "-i",
-            "pipe:0",
+            "-probesize", "32", "-analyzeduration", "0", "-f", "rawvideo", "-pixel_format", "bgr0", "-video_size", size,
+            "-framerate", std::to_string(fps), "-i", "pipe:0",
             // sound
-            "-f", "s16le", "-ar", std::to_string(soundRate), "-ac", std::to_string(soundChannels), "-i", "pipe:3",
+            "-probesize", "32", "-analyzeduration", "0", "-f", "s16le", "-ar", std::to_string(soundRate), "-ac",
+            std::to_string(soundChannels), "-i", "pipe:3",
             // any player's subset; the colours tagged as what they are
             "-vf", "scale=out_color_matrix=bt709:out_range=tv", "-c:v", "libx264", "-preset", "medium", "-crf", "16",
             "-pix_fmt", "yuv420p", "-colorspace", "bt709", "-color_primaries", "bt709", "-color_trc", "bt709", "-c:a",

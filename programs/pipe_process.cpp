@@ -16,7 +16,10 @@ namespace lumenfold::film {
 
 namespace {
 
-constexpr std::size_t queuedPictures = 32; // half a second: more than any encoder reads ahead in one stream
+// Pictures kept while the program works on earlier ones; more only while it waits for more sound.
+constexpr std::size_t queuedPictures = 16;
+constexpr std::size_t mostPictures = 600;
+constexpr int patience = 100; // milliseconds without movement after which it is taken to wait
 
 struct Pipe {
     int readEnd;
@@ -105,8 +108,13 @@ PipeProcess::~PipeProcess() {
 void PipeProcess::write(Stream stream, const std::uint8_t* bytes, std::size_t size) {
     queues[stream].blocks.emplace_back(bytes, bytes + size);
     pump(false);
-    while (queues[pictures].blocks.size() > queuedPictures)
-        pump(true);
+    const std::deque<std::vector<std::uint8_t>>& waiting = queues[pictures].blocks;
+    while (waiting.size() > queuedPictures) {
+        const bool moved = pump(true);
+        const bool starved = !moved && queues[sounds].blocks.empty();
+        if (starved && waiting.size() < mostPictures)
+            break;
+    }
 }
 
 void PipeProcess::finish() {
@@ -124,18 +132,19 @@ void PipeProcess::finish() {
     reap();
 }
 
-void PipeProcess::pump(bool wait) {
+bool PipeProcess::pump(bool wait) {
     std::array<pollfd, 3> polled{};
     for (std::size_t i = 0; i < queues.size(); ++i)
         polled[i] = {queues[i].blocks.empty() ? -1 : queues[i].descriptor, POLLOUT, 0};
     polled[2] = {messages, POLLIN, 0};
-    constexpr int patience = 100; // milliseconds
     poll(polled.data(), polled.size(), wait ? patience : 0);
     if ((polled[2].revents & POLLIN) != 0)
         readMessages();
+    bool moved = false;
     for (Queue& queue : queues)
-        while (!queue.blocks.empty() && sendSome(queue)) {
-        }
+        while (!queue.blocks.empty() && sendSome(queue))
+            moved = true;
+    return moved;
 }
 
 // False when the pipe is full.

@@ -35,7 +35,7 @@ class PipeProcess {
         std::size_t sent = 0; // bytes of the first block
     };
 
-    void pump(bool wait);
+    bool pump(bool wait); // whether anything was sent
     bool sendSome(Queue& queue);
     void readMessages();
     void closeStream(Queue& queue);

@@ -55,7 +55,7 @@ class FloatRamp {
     FloatRamp(float start, float step, std::int32_t count) : start_(start), first_(start + step), step_(step) {
         difference_ = (first_ + step) - first_;
         // one place past the last float, so that no sum rounds on the finer grid below
-        const float end = first_ + static_cast<float>(count) * difference_;
+        const float end = first_ + static_cast<float>(count - 1) * difference_;
         regular_ = sameBinade(start, end) && end == end;
     }
 

@@ -1,12 +1,12 @@
 // lumenfold-forge: makes the show's assets from their sources, or verifies those that are there.
-#include "art/drafts.h"
+#include "art/checks.h"
 #include "art/picture.h"
+#include "art/recipe.h"
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <exception>
 #include <filesystem>
 
@@ -17,33 +17,15 @@ namespace {
 constexpr const char* usage =
     "usage: lumenfold-forge [--out DIR] [--quick] [NAME...]   make the named files, or all of them\n"
     "       lumenfold-forge --list                  list what can be made\n"
-    "DIR is show/ in the source tree unless given.\n";
+    "       lumenfold-forge [--out DIR] --check     verify what lies in DIR\n"
+    "--quick looks at pictures with few samples; DIR is show/ in the source tree unless given.\n";
 
 struct Options {
     std::string directory = LUMENFOLD_SHOW;
     bool list = false;
+    bool check = false;
     std::vector<std::string> names;
 };
-
-std::vector<Recipe> allRecipes() {
-    std::vector<Recipe> all;
-    const auto add = [&all](const std::vector<Recipe>& family) {
-        for (const Recipe& recipe : family) {
-            const auto sameName = [&](const Recipe& other) {
-                return std::strcmp(other.fileName, recipe.fileName) == 0;
-            };
-            if (std::none_of(all.begin(), all.end(), sameName)) {
-                all.push_back(recipe);
-            }
-        }
-    };
-    for (const auto& family :
-         {textureRecipes(), pictureRecipes(), letteringRecipes(), objectRecipes(), tuneRecipes()}) {
-        add(family);
-    }
-    add(draftRecipes());
-    return all;
-}
 
 // Makes the files whose names are given, all if none is. Returns the number of failures.
 int make(const Options& options) {
@@ -86,10 +68,12 @@ Options optionsOf(int count, char** arguments) {
         const std::string argument = arguments[i];
         if (argument == "--out" && i + 1 < count) {
             options.directory = arguments[++i];
-        } else if (argument == "--quick") { // one sample per pixel, for a fast look
+        } else if (argument == "--quick") { // few samples per pixel, for a fast look
             renderQuickly();
         } else if (argument == "--list") {
             options.list = true;
+        } else if (argument == "--check") {
+            options.check = true;
         } else if (argument.rfind("--", 0) == 0) {
             std::fputs(usage, argument == "--help" ? stdout : stderr);
             std::exit(argument == "--help" ? 0 : 2);
@@ -109,6 +93,9 @@ int main(int count, char** arguments) {
             std::printf("%-20s %s\n", recipe.fileName, recipe.cheap ? "" : "slow");
         }
         return 0;
+    }
+    if (options.check) {
+        return runChecks(options.directory) == 0 ? 0 : 1;
     }
     return make(options) == 0 ? 0 : 1;
 }

@@ -42,7 +42,7 @@ void Picture::change(const std::function<Colour(Colour, int x, int y)>& change) 
 }
 
 Picture renderPicture(int width, int height, int samples, const Shader& shade, float highlightWeight) {
-    samples = quick ? 1 : samples;
+    samples = quick ? std::min(samples, 2) : samples;
     Picture picture(width, height);
     const float share = 1 / static_cast<float>(samples * samples);
     const float step = 1 / static_cast<float>(samples);

@@ -46,7 +46,7 @@ using Shader = std::function<Colour(float x, float y, std::uint32_t seed)>;
 // edge stays smooth.
 Picture renderPicture(int width, int height, int samples, const Shader& shade, float highlightWeight = 0);
 
-// From now on pictures are rendered with one sample per pixel, for a fast look at a work in progress.
+// From now on pictures are rendered with 2 x 2 samples per pixel, for a fast look at a work in progress.
 void renderQuickly();
 
 Picture blurred(const Picture& picture, float sigma, Edge edge); // Gaussian, sigma in pixels

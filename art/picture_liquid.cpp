@@ -39,7 +39,11 @@ World liquidWorld() {
         chrome.filmThickness = 0.62F + 0.5F * gradientNoise({0.6F * p.x, 2, 0.6F * p.z}, 9);
         return chrome;
     };
-    world.sky = [](Vec3 direction) { return studioLight({direction.x, direction.y, direction.z}); };
+    world.sky = [](Vec3 direction) {
+        // above the studio's lamps one long crease of light, rising three degrees to the right
+        static const SoftBox crease = {{0.1F, 0.80F, 0.60F}, {-0.05F, 1, 0}, 2.4F, 0.014F, 0.030F};
+        return studioLight(direction) + palette::ice * (4.0F * seen(crease, direction));
+    };
     world.fog = palette::deep * 0.5F;
     world.fogDensity = 0.11F;
     world.fogStart = 5;
@@ -56,7 +60,7 @@ void makeLiquidFolds(const std::string& path) {
     Picture picture = photograph(liquidWorld(), camera, 512, 384, 4);
     picture = withBloom(picture, {3, 0.10F, 18, 0.10F}, Edge::clamp);
     addVignette(picture, 0.55F);
-    writeBitmap(path, developed(picture, {1.15F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.25F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

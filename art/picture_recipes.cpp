@@ -6,6 +6,7 @@ namespace lumenfold::art {
 std::vector<Recipe> pictureRecipes() {
     return {
         {"skum3.jpg", false, makeLiquidFolds},
+        {"morph3.jpg", false, makeMachineCore},
     };
 }
 

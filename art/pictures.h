@@ -8,5 +8,6 @@
 namespace lumenfold::art {
 
 void makeLiquidFolds(const std::string& path);
+void makeMachineCore(const std::string& path);
 
 } // namespace lumenfold::art

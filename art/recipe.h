@@ -19,4 +19,7 @@ std::vector<Recipe> letteringRecipes(); // logo, strips, banners, overlay, end s
 std::vector<Recipe> objectRecipes();
 std::vector<Recipe> tuneRecipes();
 
+// All of them, each name once.
+std::vector<Recipe> allRecipes();
+
 } // namespace lumenfold::art

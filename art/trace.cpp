@@ -54,12 +54,11 @@ Vec3 scattered(Vec3 direction, float roughness, std::uint32_t seed) {
     return normalize(direction + Vec3{offset(0), offset(1), offset(2)} * roughness);
 }
 
-Colour glowAlong(const World& world, const Ray& ray, float until) {
+Colour glowAlong(const World& world, const Ray& ray, float until, int parts) {
     if (!world.glow) {
         return {};
     }
-    constexpr int parts = 40;
-    const float step = until / parts;
+    const float step = until / static_cast<float>(parts);
     Colour sum;
     for (int i = 0; i < parts; ++i) {
         sum += world.glow(ray.origin + ray.direction * (step * (static_cast<float>(i) + 0.5F))) * step;
@@ -67,9 +66,9 @@ Colour glowAlong(const World& world, const Ray& ray, float until) {
     return sum;
 }
 
-Colour fogged(const World& world, const Ray& ray, float distance, Colour light) {
+Colour fogged(const World& world, const Ray& ray, float distance, Colour light, int depth) {
     const float veil = 1 - exponential(-world.fogDensity * std::max(0.0F, distance - world.fogStart));
-    return mix(light, world.fog, veil) + glowAlong(world, ray, distance);
+    return mix(light, world.fog, veil) + glowAlong(world, ray, distance, depth == 0 ? 40 : 16);
 }
 
 Colour bounce(const World& world, const Ray& ray, std::uint32_t seed, int depth, float start);
@@ -111,9 +110,9 @@ Colour surfaceLight(const World& world, const Ray& ray, float distance, std::uin
 Colour bounce(const World& world, const Ray& ray, std::uint32_t seed, int depth, float start) {
     const std::optional<float> hit = march(world, ray, start);
     if (!hit) {
-        return fogged(world, ray, world.farthest, world.sky(ray.direction));
+        return fogged(world, ray, world.farthest, world.sky(ray.direction), depth);
     }
-    return fogged(world, ray, *hit, surfaceLight(world, ray, *hit, seed, depth));
+    return fogged(world, ray, *hit, surfaceLight(world, ray, *hit, seed, depth), depth);
 }
 
 } // namespace

@@ -9,7 +9,7 @@ namespace {
 // Four bars for each body; the throws are claps and stabs between the beats of the kick.
 void bodies(Score& score) {
     Stage stage(score, "3 bodies");
-    const std::string first = "Fm9 Dbmaj7 Ab Eb Fm9 Dbmaj7 Bbm9 C7";
+    const std::string first = "Fm9 Dbmaj7 Ab Eb Fm9 Cm7 Bbm9 C7";
     const Stage::Harmony harmony{first, kBar};
     const std::string kick = "9.....6..8......9..6..6..8....7.";
     stage.hush();
@@ -28,10 +28,9 @@ void bodies(Score& score) {
         stage.tomFill(bar);
     }
     stage.bassLine(harmony, channel::bass, Sound::bass, "9.=9.=6.39=...69", 0, 4, 48);
-    stage.bassLine({"Fm9 Dbmaj7 Bbm9 C7", kBar}, channel::bass, Sound::bass, "9.=9.=6.39=..36993=9.=6.39=.6.46", 4, 4,
-                   48);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "9.=9.=6.39=..36993=9.=6.39=.6.46", 4, 4, 48);
     stage.bassLine(harmony, channel::bass, Sound::bass, "9.=9.=6.39=..36993=9.=6.39=.6.46", 8, 4, 48);
-    stage.bassLine({"Fm9 Dbmaj7 Bbm9 C7", kBar}, channel::bass, Sound::bass, "..9.3.9...9.3.99", 12, 6, 50);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "..9.3.9...9.3.99", 12, 6, 50);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9....=..9....=..", 0, 18, 46);
     stage.pads({first + " " + first + " Fm9 Dbmaj7 Bbm9 C7", kBar}, 0, 38);
     stage.pump(0, 18, 40);
@@ -51,7 +50,7 @@ void bodies(Score& score) {
     for (const int row : stage.rowsOf(sync::fadeOut)) {
         stage.note(row, channel::impact, Sound::impact, "C4", 30);
     }
-    stage.voice("C5:32 E5:32", Sound::choir, channel::texture, 16 * kBar, 30);
+    stage.voice("C5:48 E5:16", Sound::choir, channel::texture, 16 * kBar, 30);
     stage.swellInto(stage.rows(), Sound::riser, 32, 56);
 }
 
@@ -68,15 +67,15 @@ void twinTunnels(Score& score) {
     stage.drums({"9...9...........", "", "", ""}, 15, 1);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..9.9=39=.9=4.9=", 0, 4, 44);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..9.9=39=.9=4.9=..993=9.=49.3=99", 4, 8, 46);
-    stage.bassLine({"Cm Cm Fm7 G7b9", kBar}, channel::bass, Sound::bass, ".9939.39.9939.49", 12, 3, 48);
+    stage.bassLine(harmony, channel::bass, Sound::bass, ".9939.39.9939.49", 12, 3, 48);
     stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 0, 15, 42);
     stage.arpeggio(harmony, Sound::glass, "a..c..b..d..e.c.", 2, 6, 28);
     stage.arpeggio(harmony, Sound::glass, "aacabadaecabadac", 8, 7, 30);
     stage.stabs(harmony, "..6..4..........", 4, 4, 36);
     stage.stabs(harmony, "9.....6...3.....", 8, 4, 42);
-    stage.stabs({"Cm Cm Fm7 G7b9", kBar}, "9..9..9...9.6...", 12, 3, 44);
+    stage.stabs(harmony, "9..9..9...9.6...", 12, 3, 44);
     stage.voice("G4:32 G#4:16 G4:16", Sound::choir, channel::texture, 4 * kBar, 26);
-    stage.voice("C5:32 D#5:32 G5:16 G#5:16 C6:24 B5:24", Sound::choir, channel::texture, 8 * kBar, 30);
+    stage.voice("C5:32 D#5:32 G5:32 C6:16 B5:16", Sound::choir, channel::texture, 8 * kBar, 30);
     for (const int row : stage.rowsOf(sync::hit)) {
         stage.note(row, channel::perc, Sound::tom, "G4", 56);
         stage.note(row, channel::impact, Sound::impact, "G4", 40);
@@ -93,8 +92,7 @@ void twinTunnels(Score& score) {
 // White, then everything at once: A flat with its sixth above, two themes, and a stop that rings.
 void rayTunnel(Score& score) {
     Stage stage(score, "4 ray tunnel");
-    const std::string turn = "Abmaj9 Bb Cm9 Gm7 Abmaj9 Bb Eb F";
-    const Stage::Harmony harmony{turn, kBar};
+    const Stage::Harmony harmony{"Abmaj9 Bb Cm9 Gm7 Abmaj9 Bb Eb F Abmaj9 Bb Cm9 Eb G7sus4", kBar};
     stage.hush();
     stage.strike(0, 64, 64);
     stage.drums({"9...9...9...9...", "....9.......9..3", "6354635463546354", "..7...7...7...7."}, 0, 8);
@@ -106,13 +104,13 @@ void rayTunnel(Score& score) {
     for (const int bar : {4, 8}) {
         stage.strike(bar * kBar, 30, 54);
     }
-    stage.pads({turn + " Abmaj9 Bb Cm9 Eb G7sus4", kBar}, 0, 44);
+    stage.pads(harmony, 0, 44);
     stage.pump(0, 13, 46);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..93..93..93..93", 0, 8, 50);
-    stage.bassLine({"Abmaj9 Bb Cm9 Eb G7sus4", kBar}, channel::bass, Sound::bass, ".993.993.993.943", 8, 5, 50);
+    stage.bassLine(harmony, channel::bass, Sound::bass, ".993.993.993.943", 8, 5, 50);
     stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 0, 13, 46);
     stage.arpeggio(harmony, Sound::glass, "acbdecbdfcbdgcfd", 0, 8, 34);
-    stage.arpeggio({"Abmaj9 Bb Cm9 Eb G7sus4", kBar}, Sound::glass, "aecfbgdhgfedcbac", 8, 5, 36);
+    stage.arpeggio(harmony, Sound::glass, "aecfbgdhgfedcbac", 8, 5, 36);
     stage.voice("D#5:16 F5:16 G5:16 F5:16 D#5:16 F5:16 G5:16 A5:16 D#5:16 F5:16 G5:16 A#5:16 C6:16", Sound::choir,
                 channel::texture, 0, 34);
     stage.line("C5:6 G5:6 G#5:4 G5:8 D5:8 D#5:6 F5:6 G5:4 A#5:12 F5:4 C5:6 G5:6 G#5:4 A#5:8 G5:8 D#6:16 C6:16",
@@ -120,7 +118,8 @@ void rayTunnel(Score& score) {
     stage.line("C6:6 G6:6 G#6:4 G6:8 D6:8 D#6:12 G5:4 A#5:12 G5:4 G5:16", Sound::lead, 8 * kBar, 44);
     stage.swellInto(13 * kBar, Sound::reverse, 16, 50);
     for (const int row : stage.rowsOf(sync::swap)) {
-        stage.strike(row, 54, 30);
+        stage.strike(row, 64, 50);
+        stage.note(row, channel::perc, Sound::tom, "D3", 64);
         stage.note(row, channel::glass, Sound::bell, "D5", 44);
         stage.note(row + 6, channel::glass, Sound::bell, "A5", 30);
         stage.note(row, channel::texture, Sound::drone, "B1", 40);

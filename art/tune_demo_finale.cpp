@@ -20,12 +20,12 @@ void pane(Score& score) {
     stage.steps(channel::perc, Sound::rim, "..5..5....5..3....5..5.5..4..3.3", 0, 14);
     stage.arpeggio(harmony, Sound::glass, "a.bdc.bde.bdc.b.", 0, 4, 32);
     stage.arpeggio(harmony, Sound::glass, "acbdecbdfcbdecbd", 4, 8, 34);
-    stage.arpeggio({"Fmaj9 G Am7 Em7", kBar}, Sound::glass, "aecfbgdhgfedcbac", 12, 3, 34);
+    stage.arpeggio(harmony, Sound::glass, "aecfbgdhgfedcbac", 12, 3, 34);
     stage.bassLine(harmony, channel::bass, Sound::bass, "9..9=.....9=.4..", 4, 4, 42);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..9=..9=..9=..93", 8, 7, 44);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9..9=.....9..=..", 0, 8, 42);
     stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 8, 7, 42);
-    stage.pads({turn + " Fmaj9 G Am7 Em7", kBar}, 4, 36);
+    stage.pads({"Fmaj9 G Am7 C/G " + turn, kBar}, 4, 36);
     stage.pump(4, 11, 40);
     stage.line("C5:12 G5:12 A5:8 G5:16 D5:16", Sound::bell, 4 * kBar, 38);
     stage.line("C5:6 G5:6 A5:4 G5:8 D5:8 E5:6 G5:6 C6:4 B5:16 A5:6 C6:6 E6:4 D6:12 B5:4 C6:6 A5:6 E5:20", Sound::solo,
@@ -59,22 +59,22 @@ void tube(Score& score) {
     stage.stabs(harmony, "6.6..6..6.6..6.6", 8, 8, 42);
     stage.arpeggio(harmony, Sound::glass, "aaeaaeaaeaaeaaea", 4, 4, 30);
     stage.arpeggio(harmony, Sound::glass, "aceacebdfbdfaceg", 8, 8, 36);
-    stage.line("D5:6 A5:6 A#5:4 A5:8 E5:8 D5:6 A5:6 D#6:4 D6:16", Sound::lead, 8 * kBar, 44);
+    stage.line("D5:6 A5:6 A#5:4 A5:8 E5:8 D#5:6 A#5:6 C6:4 A5:8 D6:8", Sound::lead, 8 * kBar, 44);
     stage.line("D6:6 A5:6 A#5:4 A5:8 E5:8 G5:6 A#5:6 D#6:4 D6:8 C6:8", Sound::lead, 12 * kBar, 46);
-    stage.voice("D5:32 D#5:16 D5:16 F5:32 G5:16 E5:16", Sound::choir, channel::texture, 8 * kBar, 34);
+    stage.voice("D5:32 D#5:16 D5:16 A5:32 G5:16 E5:16", Sound::choir, channel::texture, 8 * kBar, 34);
     for (const int row : stage.rowsOf(sync::hit)) {
         stage.strike(row, 52, 56);
         stage.note(row, channel::perc, Sound::tom, "A3", 60);
     }
-    stage.roll(15 * kBar + 8, 8, 1, 24, 60);
+    stage.roll(15 * kBar + 6, 8, 1, 24, 60);
+    stage.breakOff(15 * kBar + 13);
     stage.swellInto(stage.rows(), Sound::riser, 32, 64);
 }
 
 // The motif over every chord of the tune; the last chord turns to major and is left to ring.
 void finale(Score& score) {
     Stage stage(score, "10 finale");
-    const std::string turn = "Dm9 Bbmaj9 F C Gm9 Bb C A7 Dm9 Bbmaj9 F C Bb C";
-    const Stage::Harmony harmony{turn, kBar};
+    const Stage::Harmony harmony{"Dm9 Bbmaj9 F C Gm9 Bb C A7 Dm9 Bbmaj9 F C Bb C", kBar};
     stage.hush();
     stage.strike(0, 64, 64);
     stage.drums({"9...9...9...9...", "....9.......9..3", "6354635463546354", "..7...7...7...7."}, 0, 8);
@@ -88,11 +88,11 @@ void finale(Score& score) {
     stage.pads(harmony, 0, 46);
     stage.pump(0, 14, 48);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..93..93..93..93", 0, 8, 52);
-    stage.bassLine({"Dm9 Bbmaj9 F C Bb C", kBar}, channel::bass, Sound::bass, ".993.993.993.943", 8, 6, 52);
+    stage.bassLine(harmony, channel::bass, Sound::bass, ".993.993.993.943", 8, 6, 52);
     stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 0, 14, 48);
     stage.arpeggio(harmony, Sound::glass, "acbdecbdfcbdgcfd", 0, 8, 34);
-    stage.arpeggio({"Dm9 Bbmaj9 F C Bb C", kBar}, Sound::glass, "aecfbgdhgfedcbac", 8, 6, 38);
-    stage.voice("F5:16 D5:16 C5:16 G5:16 A#5:16 F5:16 G5:16 C#5:16 F5:16 D5:16 A5:16 G5:16 D6:16 E6:16", Sound::choir,
+    stage.arpeggio(harmony, Sound::glass, "aecfbgdhgfedcbac", 8, 6, 38);
+    stage.voice("A5:16 D5:16 C5:16 G5:16 G5:16 F5:16 G5:16 C#5:16 A5:16 D5:16 A5:16 G5:16 D6:16 E6:16", Sound::choir,
                 channel::texture, 0, 36);
     stage.line(motif("D", false, 5) + "F5:6 C6:6 D6:4 C6:8 G5:8 D5:6 A5:6 A#5:4 D6:8 F5:8 G5:12 E5:4 A5:16",
                Sound::lead, 0, 48);
@@ -103,10 +103,10 @@ void finale(Score& score) {
     stage.strike(last, 54, 60);
     stage.note(last, channel::kick, Sound::kick, 49, 64);
     stage.note(last, channel::snare, Sound::snare, 49, 60);
-    stage.pads({"Dadd9", 4 * kBar}, 14, 46, Sound::padLeft, Sound::choir);
+    stage.pads({"Dadd9", 4 * kBar}, 14, 38, Sound::padLeft, Sound::choir);
     stage.note(last, channel::sub, Sound::sub, "D2", 48);
     stage.note(last, channel::texture, Sound::drone, "D2", 44);
-    stage.note(last, channel::bass, Sound::bass, "D2", 44);
+    stage.note(last, channel::bass, Sound::bass, "D2", 36);
     stage.off(last + kBar, channel::bass);
     stage.arpeggio({"Dadd9", kBar}, Sound::glass, "abcdefgh........", 14, 1, 40);
     stage.line("D5:12 A5:12 B5:8 A5:16 E5:8", Sound::bell, 15 * kBar, 38);

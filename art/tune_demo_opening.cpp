@@ -35,24 +35,23 @@ void tunnel(Score& score) {
 // The dissolve: half time, then four to the floor, and a bar of held breath before the hall.
 void logo(Score& score) {
     Stage stage(score, "1 logo");
-    const Stage::Harmony harmony{"Dm9 Bbmaj9 F C/E Gm9 Bbmaj7", 2 * kBar};
+    const Stage::Harmony harmony{"Dm9 Bbmaj9 F C/E Gm9 Bbmaj7 A7sus4", 2 * kBar};
     stage.strike(0, 56, 44);
     stage.note(0, channel::texture, Sound::drone, "D2", 26);
     stage.pads(harmony, 0, 36);
-    stage.pads({"A7sus4", kBar}, 12, 36);
     stage.pump(0, 12, 38);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9.........=.7...", 0, 4, 46);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..7...7...7...73", 2, 2, 30);
-    stage.bassLine({"F C/E Gm9 Bbmaj7", 2 * kBar}, channel::bass, Sound::bass, "..7.3.7.3.7.3.73", 4, 8, 38);
-    stage.bassLine({"F C/E Gm9 Bbmaj7", 2 * kBar}, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 4, 8, 42);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "..7.3.7.3.7.3.73", 4, 8, 38);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 4, 8, 42);
     stage.drums({"9.........5.....", "............4...", "2.3.2.3.2.3.2.4.", ""}, 0, 4);
     stage.drums({"9...9...9...9...", "....6.......6...", "3152315231523152", "..5...5...5...5."}, 4, 8);
     stage.snareFill(7);
     stage.tomFill(11);
     stage.arpeggio(harmony, Sound::glass, "a...b...c...b.d.", 0, 4, 22);
-    stage.arpeggio({"F C/E Gm9 Bbmaj7", 2 * kBar}, Sound::glass, "a.c.b.d.e.c.b.d.", 4, 4, 28);
-    stage.arpeggio({"Gm9 Bbmaj7", 2 * kBar}, Sound::glass, "acbdecbdacbdfebd", 8, 4, 32);
-    stage.arpeggio({"A7sus4", kBar}, Sound::glass, "abcdefghgfedcbab", 12, 1, 30);
+    stage.arpeggio(harmony, Sound::glass, "a.c.b.d.e.c.b.d.", 4, 4, 28);
+    stage.arpeggio(harmony, Sound::glass, "acbdecbdacbdfebd", 8, 4, 32);
+    stage.arpeggio(harmony, Sound::glass, "abcdefghgfedcbab", 12, 1, 30);
     stage.line("D5:6 A5:6 A#5:4 A5:8 E5:8", Sound::solo, 8 * kBar, 26);
     stage.voice("D5:16 F5:16 E5:16", Sound::choir, channel::stab, 10 * kBar, 24);
     stage.swellInto(stage.rows(), Sound::riser, 32, 48);
@@ -62,7 +61,7 @@ void logo(Score& score) {
 // Monumental: half time under a choir, the motif carried by one voice, answered an octave higher.
 void hall(Score& score) {
     Stage stage(score, "1 hall");
-    const Stage::Harmony harmony{"Bbmaj7 Gm9 Ebmaj7#11 F Dm9 C A7sus4", 2 * kBar};
+    const Stage::Harmony harmony{"Bbmaj7 Gm7 Ebmaj7#11 F Dm7 C A7sus4", 2 * kBar};
     stage.hush();
     stage.strike(0, 64, 54);
     stage.pads(harmony, 0, 36, Sound::choir, Sound::padRight);
@@ -73,10 +72,10 @@ void hall(Score& score) {
     stage.steps(channel::hat, Sound::ride, "4...3...4...3.2.", 5, 4);
     stage.steps(channel::hat, Sound::ride, "5.3.4.3.5.3.4.33", 9, 4);
     stage.strike(8 * kBar, 40, 44);
-    stage.arpeggio({"Dm9 C", 2 * kBar}, Sound::glass, "a.b.c.d.e.d.c.b.", 8, 4, 26);
+    stage.arpeggio(harmony, Sound::glass, "a.b.c.d.e.d.c.b.", 8, 4, 26);
     stage.line("A#4:12 F5:12 G5:8 F5:16 C5:16 D5:12 A#4:4 A4:16 D5:16", Sound::solo, 2 * kBar, 36);
     stage.line("F5:12 C6:12 D6:8 C6:16 G5:16 F5:12 E5:4 D5:12", Sound::solo, 8 * kBar, 38);
-    stage.bassLine({"A7sus4", kBar}, channel::bass, Sound::bass, "7.7.7.7.7.7.7.77", 13, 1, 32);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "7.7.7.7.7.7.7.77", 13, 1, 32);
     stage.tomFill(13);
     stage.roll(13 * kBar, kBar, 2, 10, 44);
     stage.swellInto(stage.rows(), Sound::reverse, 16, 56);
@@ -115,7 +114,7 @@ void ring(Score& score) {
     stage.arpeggio(lift, Sound::glass, "acbdecbdfcbdecbd", 12, 4, 30);
     stage.arpeggio(lift, Sound::glass, "aecfbgdhgfedcbac", 16, 3, 32);
     stage.line(motif("D", false, 5) + motif("D", false, 5), Sound::lead, 8 * kBar, 36);
-    stage.line("D5:6 F5:6 A#5:4 A5:6 G5:6 F5:4 G5:6 E5:6 C6:4 A#5:6 A5:6 G5:4 A5:12 F5:4 D6:16 C6:6 A5:6 F5:20",
+    stage.line("D5:6 F5:6 A#5:4 A5:6 G5:6 F5:4 G5:6 E5:6 C6:4 A#5:6 A5:6 G5:4 A5:12 F5:4 D6:16 C6:6 A5:6 F5:4 E5:12",
                Sound::lead, 12 * kBar, 40);
     for (const int row : stage.rowsOf(sync::pulse)) {
         stage.note(row, channel::stab, Sound::stab, row / kBar % 2 == 0 ? "D5" : "A4", 26);

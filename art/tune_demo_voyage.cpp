@@ -30,7 +30,7 @@ void film(Score& score) {
     stage.steps(channel::perc, Sound::projector, "9475", 0, 4);
     stage.bassLine(harmony, channel::bass, Sound::bass, "9.=.4.=.9=..4.3=", 0, 4, 44);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9.......=.......", 0, 4, 44);
-    stage.pads({"B7sus4 Cmaj7#11 Am9 B7sus4 B7", kBar}, 0, 26);
+    stage.pads(harmony, 0, 26);
     stage.pump(0, 4, 30, 8);
     stage.steps(channel::kick, Sound::kick, "9.......8.......", 0, 4);
     stage.steps(channel::snare, Sound::clap, "............5...", 1, 3);
@@ -43,13 +43,15 @@ void water(Score& score) {
     Stage stage(score, "6 water");
     const Stage::Harmony harmony{"Em9 Cmaj7#11 Am9 Bm7 Cmaj9", 2 * kBar};
     stage.hush();
-    stage.strike(0, 60, 46);
+    stage.strike(0, 64, 56);
+    stage.note(0, channel::kick, Sound::kick, "C4", 56);
+    stage.note(0, channel::perc, Sound::tom, "D3", 64);
     stage.note(0, channel::texture, Sound::sea, "C4", 48);
     stage.pads(harmony, 0, 32, Sound::choir, Sound::air);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9...............................", 0, 10, 48);
     stage.arpeggio(harmony, Sound::glass, "a...c...b..d..e.", 2, 4, 26);
-    stage.arpeggio({"Bm7 Cmaj9", 2 * kBar}, Sound::glass, "a.b.c.d.e.f.e.c.", 6, 2, 26);
-    stage.arpeggio({"Cmaj9", 2 * kBar}, Sound::glass, "f...e...d...c...", 8, 2, 22);
+    stage.arpeggio(harmony, Sound::glass, "a.b.c.d.e.f.e.c.", 6, 2, 26);
+    stage.arpeggio(harmony, Sound::glass, "f...e...d...c...", 8, 2, 22);
     stage.line("E4:12 B4:12 C5:8 B4:16 F#4:16 E5:12 B5:12 C6:8 B5:16 F#5:16", Sound::bell, 2 * kBar, 34);
     for (const int row : stage.rowsOf(sync::hit)) {
         stage.note(row, channel::perc, Sound::tom, "D4", 64);
@@ -86,7 +88,7 @@ void slime(Score& score) {
     stage.pump(0, 15, 32, 8);
     stage.line(motif("A", false, 4) + "-:16 E5:6 F5:6 G#4:4", Sound::solo, 4 * kBar, 42);
     stage.line(motif("A", false, 4) + "A4:6 C5:6 E5:4 F5:12 E5:4 D5:12 C5:4 B4:16", Sound::solo, 8 * kBar, 44);
-    stage.line("E5:6 A5:6 B5:4 C6:8 A5:8", Sound::lead, 14 * kBar, 34);
+    stage.line("E5:6 G#5:6 B5:4 C6:8 B5:8", Sound::lead, 14 * kBar, 34);
     stage.arpeggio(harmony, Sound::glass, "a.....b.....c...", 2, 6, 24);
     stage.arpeggio(harmony, Sound::glass, "a..b..c..d..e...", 8, 7, 28);
     stage.voice("E5:32 C5:32 D5:32 E5:16 G#5:16", Sound::choir, channel::texture, 8 * kBar, 30);

@@ -37,8 +37,7 @@ void counting(Score& score) {
 
 // Light drums under the theme in one voice.
 void theme(Stage& stage, int bar) {
-    const std::string turn = "Dadd9 Bm9 Gmaj9 A7sus4 Dadd9 F#m7 Gmaj9 A";
-    const Stage::Harmony harmony{turn, 2 * kBar};
+    const Stage::Harmony harmony{"Dadd9 Bm9 Gmaj9 A7sus4 Dadd9 F#m7 Gmaj9 A", 2 * kBar};
     stage.strike(bar * kBar, 40, 42);
     stage.pads(harmony, bar, 34);
     stage.pump(bar, kVerse, 38, 8);
@@ -48,7 +47,7 @@ void theme(Stage& stage, int bar) {
     stage.bassLine(harmony, channel::bass, Sound::bass, "9.....=.6.=...5=", bar, kVerse, 38);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9.....=...9...=.", bar, kVerse, 42);
     stage.arpeggio(harmony, Sound::glass, "a..b..c..d..e...", bar, 8, 26);
-    stage.arpeggio({"Dadd9 F#m7 Gmaj9 A", 2 * kBar}, Sound::glass, "a.c.b.d.e.c.b.d.", bar + 8, 8, 28);
+    stage.arpeggio(harmony, Sound::glass, "a.c.b.d.e.c.b.d.", bar + 8, 8, 28);
     const int row = bar * kBar;
     stage.line("D5:12 A5:12 B5:8 A5:16 E5:16 F#5:12 E5:4 D5:8 B4:8 E5:24 -:8", Sound::solo, row + 2 * kBar, 38);
     stage.line("D5:12 A5:12 B5:8 C#6:16 A5:16 B5:12 A5:4 F#5:8 D5:8 E5:12 C#5:12 -:8", Sound::solo, row + 8 * kBar, 40);
@@ -86,11 +85,11 @@ void away(Stage& stage, int bar) {
     stage.off(row + 8 * kBar, channel::texture);
     stage.pads(harmony, bar, 36, Sound::choir, Sound::padRight);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9...............................", bar, 8, 44);
-    stage.bassLine({"Bbmaj7 C Em7 A7sus4", 2 * kBar}, channel::sub, Sound::sub, "9.....=...9...=.", bar + 8, 8, 44);
-    stage.bassLine({"Bbmaj7 C Em7 A7sus4", 2 * kBar}, channel::bass, Sound::bass, "..8...8=..8...8=", bar + 8, 8, 38);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "9.....=...9...=.", bar + 8, 8, 44);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "..8...8=..8...8=", bar + 8, 8, 38);
     stage.line("D5:12 A5:12 A#5:8 A5:16 E5:16 D5:12 A#5:12 A5:8 F5:16 E5:16", Sound::bell, row + kBar, 36);
     stage.arpeggio(harmony, Sound::glass, "a...b...c...d...", bar + 2, 6, 24);
-    stage.arpeggio({"Bbmaj7 C Em7 A7sus4", 2 * kBar}, Sound::glass, "aebfcgdhgcfbeada", bar + 8, 8, 28);
+    stage.arpeggio(harmony, Sound::glass, "aebfcgdhgcfbeada", bar + 8, 8, 28);
     stage.drums({"8.......5.......", "", "3.2.3.2.3.2.3.2.", ""}, bar + 4, 4);
     stage.drums({"9...9...9...9...", "............5...", "4242424242424242", ""}, bar + 8, 7);
     stage.line("F5:12 D5:4 A#5:16 G5:12 E5:4 C6:16 B5:12 G5:4 E5:16 A5:16 D5:8 E5:8", Sound::solo, row + 8 * kBar, 36);
@@ -112,12 +111,11 @@ void home(Stage& stage, int bar) {
     stage.tomFill(bar + 11);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..8.3.8=..8.3.8=", bar, 12, 42);
     stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", bar, 12, 42);
-    stage.bassLine({"Gmaj9 A7sus4", 2 * kBar}, channel::sub, Sound::sub, "9...............................", bar + 12,
-                   4, 42);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "9...............................", bar + 12, 4, 42);
     stage.off(row + 12 * kBar, channel::bass);
     stage.arpeggio(harmony, Sound::glass, "acbdecbdfcbdecbd", bar, 12, 30);
-    stage.arpeggio({"Gmaj9 A7sus4", 2 * kBar}, Sound::glass, "a..b..c..d..e...", bar + 12, 4, 24);
-    stage.voice("F#5:32 E5:32 D5:32 B4:32 A5:32 A5:32 B5:32", Sound::choir, channel::texture, row, 28);
+    stage.arpeggio(harmony, Sound::glass, "a..b..c..d..e...", bar + 12, 4, 24);
+    stage.voice("F#5:32 E5:32 F#5:32 B4:32 A5:32 A5:32 B5:32", Sound::choir, channel::texture, row, 28);
     stage.line(motif("D", true, 5) + "C#5:6 A5:6 B5:4 A5:8 E5:8 D5:6 F#5:6 B5:4 C#6:16 B5:6 G5:6 F#5:4 D5:16",
                Sound::lead, row, 38);
     stage.line("D6:6 A5:6 B5:4 A5:8 E5:8 F#5:6 A5:6 C#6:4 E6:12 C#6:4 D6:12 B5:4 G5:8 D5:8", Sound::lead,

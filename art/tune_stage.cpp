@@ -107,7 +107,8 @@ std::vector<Chord> parseChords(const std::string& names) {
     return chords;
 }
 
-// The chord's voices as ascending notes from the floor up.
+// The chord's voices as ascending notes from the floor up. Of two that lie a half step apart the lower is raised by an
+// octave, so that sevenths and ninths open the chord instead of clouding it.
 std::vector<int> voicing(const Chord& chord, int floor) {
     std::vector<int> notes;
     for (const int tone : chord.tones) {
@@ -118,6 +119,13 @@ std::vector<int> voicing(const Chord& chord, int floor) {
         notes.push_back(note);
     }
     std::sort(notes.begin(), notes.end());
+    for (std::size_t i = 0; i + 1 < notes.size(); ++i) {
+        if (notes[i + 1] - notes[i] == 1) {
+            notes[i] += 12;
+            std::sort(notes.begin(), notes.end());
+            break;
+        }
+    }
     return notes;
 }
 
@@ -211,6 +219,15 @@ void Stage::clear(int row, int rows, int channelNumber) {
     for (int i = row; i < std::min(row + rows, rowCount); ++i) {
         XmCell& cell = score.cell(start + i, channelNumber);
         cell = XmCell{0, 0, 0, cell.effect, cell.parameter};
+    }
+}
+
+void Stage::breakOff(int row) {
+    for (int number = 0; number < channel::count; ++number) {
+        if (number != channel::rise) {
+            clear(row, rowCount - row, number);
+            off(row, number);
+        }
     }
 }
 
@@ -323,7 +340,7 @@ void Stage::stabs(const Harmony& harmony, const std::string& pattern, int bar, i
         if (step == '.') {
             continue;
         }
-        const Chord& chord = chords[static_cast<std::size_t>(row / harmony.rowsEach) % chords.size()];
+        const Chord& chord = chords[static_cast<std::size_t>((bar * kBar + row) / harmony.rowsEach) % chords.size()];
         const std::vector<int> notes = voicing(chord, floor);
         const int channels[4] = {channel::stab, channel::pad + 1, channel::pad + 2, channel::pad + 3};
         const int places[4] = {0x60, 0x10, 0xF0, 0xA0};
@@ -340,7 +357,7 @@ void Stage::bassLine(const Harmony& harmony, int channelNumber, Sound sound, con
     const std::vector<Chord> chords = parseChords(harmony.chords);
     for (int row = 0; row < bars * kBar; ++row) {
         const char step = pattern[static_cast<std::size_t>(row) % pattern.size()];
-        const Chord& chord = chords[static_cast<std::size_t>(row / harmony.rowsEach) % chords.size()];
+        const Chord& chord = chords[static_cast<std::size_t>((bar * kBar + row) / harmony.rowsEach) % chords.size()];
         const int target = bar * kBar + row;
         if (step == '=') {
             off(target, channelNumber);
@@ -360,7 +377,7 @@ void Stage::arpeggio(const Harmony& harmony, Sound sound, const std::string& fig
         if (letter == '.') {
             continue;
         }
-        const Chord& chord = chords[static_cast<std::size_t>(row / harmony.rowsEach) % chords.size()];
+        const Chord& chord = chords[static_cast<std::size_t>((bar * kBar + row) / harmony.rowsEach) % chords.size()];
         const std::vector<int> notes = voicing(chord, floor);
         const int index = letter - 'a';
         const int number = notes[static_cast<std::size_t>(index % 4)] + 12 * (index / 4);

@@ -56,6 +56,8 @@ class Stage {
     void off(int row, int channelNumber);
     // Key off at the section's first row on every sustaining channel that has no note there, save those kept.
     void hush(const std::vector<int>& kept = {});
+    // Everything but the rising sounds stops from the row on until the section's end: a held breath before the next.
+    void breakOff(int row);
     // Empties rows of a channel again, for a break inside a repeated figure; effects stay.
     void clear(int row, int rows, int channelNumber);
     void effect(int row, int channelNumber, int number, int parameter);
@@ -82,13 +84,14 @@ class Stage {
     void swellInto(int row, Sound sound, int lengthRows, int volume, int number = 49);
     void strike(int row, int impactVolume, int crashVolume);
 
-    // Chord names separated by blanks, each lasting so many rows.
+    // Chord names separated by blanks, each lasting so many rows; a turn that repeats from the section's start,
+    // wherever in it a figure begins.
     struct Harmony {
         std::string chords;
         int rowsEach;
     };
     // Sustained chords on the four pad voices, alternating left and right; the lowest voice sounds from the note
-    // floor up.
+    // floor up. Unlike the figures below, the first chord is the one at the bar, and nothing repeats.
     void pads(const Harmony& harmony, int bar, int volume, Sound left = Sound::padLeft, Sound right = Sound::padRight,
               int floor = 46);
     // Lowers the pads on each beat and lets them swell until the next.

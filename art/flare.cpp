@@ -45,9 +45,9 @@ void makeRingFlare(const std::string& path) {
 void makeSparkFlare(const std::string& path) {
     const Picture picture = sprite(16, [](float x, float y) {
         const float r = length(x, y);
-        const float core = exponential(-r * r * 22);
-        return palette::amber * (0.060F * core) + palette::ice * (0.020F * exponential(-r * r * 60)) +
-               palette::ember * (0.030F * exponential(-r * r * 5)) + palette::teal * (0.008F * exponential(-r * 2.2F));
+        const float core = exponential(-r * r * 16);
+        return palette::amber * (0.085F * core) + palette::ice * (0.020F * exponential(-r * r * 60)) +
+               palette::ember * (0.045F * exponential(-r * r * 5)) + palette::teal * (0.014F * exponential(-r * 2.2F));
     });
     writeBitmap(path, developed(picture, plain));
 }
@@ -57,11 +57,12 @@ void makePetrolFlare(const std::string& path) {
     const Picture picture = sprite(32, [](float x, float y) {
         const float r = length(x, y);
         const float turn = 0.5F + 0.5F * sine(angleOf(y, x) + 0.9F);
-        const Colour film = iridescence(0.12F + 0.62F * r + 0.30F * turn);
-        Colour light = film * film * (0.42F * bell(r - 0.40F, 0.16F) * (0.35F + 0.65F * turn));
+        const Colour film = iridescence(0.12F + 0.34F * r + 0.24F * turn);
+        Colour light = film * film * (0.34F * bell(r - 0.40F, 0.16F) * (0.35F + 0.65F * turn));
         light += palette::petrol * (0.22F * exponential(-r * r * 14));
         light += palette::teal * (0.16F * bell(length(x + 0.20F, y + 0.26F), 0.12F));
-        light += palette::amber * (0.14F * bell(length(x - 0.26F, y - 0.30F), 0.12F));
+        light += palette::amber * (0.24F * bell(length(x - 0.26F, y - 0.30F), 0.14F)) +
+                 palette::violet * (0.10F * bell(r - 0.56F, 0.10F));
         return light;
     });
     writeBitmap(path, developed(picture, plain));

@@ -16,6 +16,7 @@ struct Tissue {
     float nucleus; // largest nucleus radius, in cells
     float depth;   // height of a cell, in units of the whole side
     float brightness;
+    float softness;        // sigma of the last blur in texels: what is magnified most has the softest edges
     Colour low, high, odd; // body colours of common cells and of a rare one
     std::uint32_t seed;
 };
@@ -82,7 +83,7 @@ void makeTissue(const Tissue& tissue, int fine, const std::string& path) {
         const Colour hollow = palette::ink * 0.8F + palette::deep * (0.5F + 0.8F * mud);
         return tissueColour(tissue, tissueAt(tissue, u, v), heights.normal(x, y, tissue.depth), hollow);
     });
-    picture = withBloom(picture, {1.5F, 0.08F, 9, 0.08F}, Edge::wrap);
+    picture = withBloom(picture, {tissue.softness, 0.55F, 9, 0.06F}, Edge::wrap);
     writeBitmap(path, developed(picture, {1, false, 0.6F}));
 }
 
@@ -90,13 +91,14 @@ void makeTissue(const Tissue& tissue, int fine, const std::string& path) {
 
 // "cell1.jpg": walls of the rotating tunnel, magnified about five times there.
 void makeTunnelCells(const std::string& path) {
-    makeTissue({6, 0.42F, 0.21F, 0.046F, 1.0F, fromHex(0x0A3A48), fromHex(0x1E9A8C), fromHex(0x4A2E8A), 21}, 768, path);
+    makeTissue({6, 0.42F, 0.21F, 0.046F, 1.0F, 1.3F, fromHex(0x0A3A48), fromHex(0x1E9A8C), fromHex(0x4A2E8A), 21}, 768,
+               path);
 }
 
 // "cell5a.jpg": added to the petrol texture, so it leaves room above: dim bodies, bright only at the membranes.
 void makeAddedCells(const std::string& path) {
-    makeTissue({9, 0.55F, 0.17F, 0.030F, 0.50F, fromHex(0x0B2A33), fromHex(0x1C6A6A), fromHex(0x5A2A1A), 121}, 768,
-               path);
+    makeTissue({9, 0.55F, 0.17F, 0.030F, 0.50F, 0.7F, fromHex(0x0B2A33), fromHex(0x1C6A6A), fromHex(0x5A2A1A), 121},
+               768, path);
 }
 
 namespace {
@@ -140,7 +142,7 @@ void makeSlime(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {1.5F, 0.10F, 8, 0.08F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.9F, false, 0.6F}));
+    writeBitmap(path, developed(picture, {0.55F, false, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -38,12 +38,13 @@ void makeFloorGrid(const std::string& path) {
         light += tube(dv, 0.020F, palette::teal * 0.8F);
         const float knot = length(du, dv);
         light += palette::amber * (1.6F * bell(knot, 0.050F)) + palette::ember * (0.7F * bell(knot, 0.13F));
-        // a ring inlaid in the plate, its light folded along a line that rises to the right
-        const float ring = length(u - 0.5F, v - 0.5F);
-        const float side = smoothStep(-0.03F, 0.03F, 0.06F * (u - 0.5F) + v - 0.5F);
-        light += mix(palette::teal * 0.30F, palette::ice * 0.85F, side) * bell(ring - 0.19F, 0.017F);
-        light = light * (1 - 0.55F * smoothStep(0.155F, 0.13F, ring));
-        light += palette::amber * (0.9F * bell(ring, 0.030F)) + palette::ember * (0.4F * bell(ring, 0.08F));
+        // the plate is folded along a diagonal: one half faces the light, the crease glows
+        const float fold = (u - 0.5F) + (v - 0.5F);
+        const float inPlate = smoothStep(0.345F, 0.325F, inner);
+        light += palette::petrol *
+                 (0.55F * inPlate * smoothStep(0.015F, -0.015F, fold) * (0.5F + 1.2F * (u + 1 - v) * 0.5F));
+        light += mix(palette::teal, palette::ice, 0.5F) * (0.55F * inPlate * bell(fold, 0.016F));
+        light += palette::petrol * (0.35F * inPlate * bell(fold, 0.07F));
         return light;
     });
     picture = withBloom(picture, {3, 0.12F, 14, 0.16F}, Edge::wrap);
@@ -54,7 +55,7 @@ void makeFloorGrid(const std::string& path) {
 // two halves of the tunnel mirror each other at columns 0 and 255.
 void makeRibTunnel(const std::string& path) {
     Picture picture = texture(256, 4, [](float u, float v) {
-        const float row = 4 * v; // four ribs to a tile
+        const float row = 8 * v; // eight ribs to a tile
         const int rib = static_cast<int>(std::floor(row));
         const float along = row - static_cast<float>(rib);
         const float mirrored = 2 * fromLine(0.5F * u); // 0 at one seam, 1 at the other
@@ -62,7 +63,7 @@ void makeRibTunnel(const std::string& path) {
         const float column = mirrored * panels + 0.5F * static_cast<float>(rib % 2);
         const int panel = static_cast<int>(std::floor(column));
         const float across = fromLine(column);
-        const float shade = hashUnit(panel, rib & 3, 0, 411);
+        const float shade = hashUnit(panel, rib & 7, 0, 411);
         const float cloud = fractalNoise({8 * mirrored, 8 * v, 2}, 3, 412, {0, 8});
         // a recessed channel, a raised rib with bevels, panels between
         const float ribBody = smoothStep(0.30F, 0.26F, std::fabs(along - 0.35F));
@@ -71,14 +72,15 @@ void makeRibTunnel(const std::string& path) {
         const float seam = smoothStep(0.020F, 0.045F, across);
         Colour light = palette::deep * (0.35F + 0.5F * cloud);
         light = mix(light, palette::petrol * (0.35F + 0.75F * shade + 0.5F * cloud), ribBody * seam);
-        light += palette::ice * (0.40F * bevelLit * seam) + palette::amber * (0.30F * bevelRim * seam * (rib % 2 == 0));
-        const float lamp = bell(along - 0.82F, 0.045F);
-        const float hot = bell(along - 0.82F, 0.020F);
-        const Colour glow = rib == 2 ? palette::amber : palette::teal;
-        const float cut =
-            smoothStep(0.42F, 0.36F, std::fabs(fromLine(mirrored * 3 + 0.2F * static_cast<float>(rib)) - 0));
-        light += (glow * (1.7F * lamp) + palette::ice * (0.9F * hot)) * cut;
-        light += glow * (0.25F * bell(along - 0.82F, 0.16F));
+        light += palette::teal * (0.28F * bevelLit * seam) +
+                 palette::amber * (0.22F * bevelRim * seam * (rib % 2 == 0 ? 1.0F : 0.0F));
+        const float lamp = bell(along - 0.82F, 0.055F);
+        const float hot = bell(along - 0.82F, 0.026F);
+        const Colour glow = rib % 4 == 2 ? palette::amber : palette::teal;
+        const float cut = smoothStep(0.42F, 0.36F, fromLine(3 * mirrored + 0.2F * static_cast<float>(rib)));
+        const float lit = rib % 2 == 0 ? 1.0F : 0.0F; // lamps in every second channel
+        light += (glow * (1.7F * lamp) + palette::ice * (0.9F * hot)) * (cut * lit);
+        light += glow * (0.25F * lit * bell(along - 0.82F, 0.16F));
         return light;
     });
     picture = withBloom(picture, {2.5F, 0.14F, 10, 0.14F}, Edge::wrap);

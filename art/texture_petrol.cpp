@@ -43,7 +43,7 @@ void makePetrolEnvironment(const std::string& path) {
         return light + palette::petrol * 0.06F;
     });
     picture = withBloom(picture, {2, 0.20F, 14, 0.12F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.68F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {0.50F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

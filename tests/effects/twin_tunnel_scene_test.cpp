@@ -1,7 +1,11 @@
 #include "effects/twin_tunnel.h"
 
+#include "assets/prepare.h"
+#include "core/trig.h"
 #include "effects/freeze.h"
 #include "random_pixels.h"
+#include "render/ray_field.h"
+#include "render/scene.h"
 #include "show_scenes.h"
 
 #include <map>
@@ -111,17 +115,44 @@ TEST_F(TwinTunnel, FreezeHoldsTheFrameWithoutItsFlash) {
         ASSERT_EQ(both[11][i], saturatedSum(still[i], 0x9F9F9F9F)) << i;
 }
 
-TEST_F(TwinTunnel, GreetingsScrollWithTime) {
-    const auto frames = run(40, {{0, f32}});
+TEST_F(TwinTunnel, RayTunnelEqualsTheLiteralOne) {
+    constexpr std::size_t firstFrames = 5; // turn and scroll of the tunnel begin in the first phase
+    const auto frames = run(60, {{firstFrames, f32}});
     const auto greetings = picture("greets2.pcx", 32, 2048);
-    const float lt = 2000.0F + 39 * 0.26F - 2000.0F;
-    const auto s = static_cast<std::size_t>(lt * 5.0);
-    std::size_t same = 0; // the object may cover some
-    for (std::size_t y = 0; y < 384; ++y)
-        same += std::equal(greetings.begin() + static_cast<std::ptrdiff_t>(((y + s) & 2047) * 32),
-                           greetings.begin() + static_cast<std::ptrdiff_t>(((y + s) & 2047) * 32 + 32),
-                           frames[39].begin() + static_cast<std::ptrdiff_t>(y * 512 + 479));
-    EXPECT_GT(same, 300U);
+    RayField field = makeRayField(RayShape::Tunnel, getTexture("cubet4.jpg"));
+    Scene scene;
+    Mesh& object = *scene.addObject();
+    loadObject(object, "blb3.lwo", "cubet5.jpg", nullptr, 17, 2.7F);
+    object.spin = {1.8F, 3.3F, -1.3F};
+    clearDepthBuffer();
+    float bias = 0.0F, turn = 0.0F, start = 0.0F;
+    Pixel32 flash = 255;
+    for (std::size_t n = 0; n < frames.size(); ++n) {
+        if (n >= firstFrames) {
+            const float t = 2000.0F + static_cast<float>(n) * 0.26F;
+            if (n == firstFrames)
+                start = t;
+            test::Frame expected = blank();
+            drawRayField(field, expected.data(), test::show);
+            const auto s = static_cast<std::size_t>((t - start) * 5.0);
+            for (std::size_t y = 0; y < 384; ++y)
+                for (std::size_t x = 0; x < 512; ++x) {
+                    Pixel32& pixel = expected[y * 512 + x];
+                    if (y < 25 || y > 358)
+                        pixel = 0;
+                    if (x >= 479 && x <= 510)
+                        pixel = greetings[((y + s) & 2047) * 32 + x - 479];
+                }
+            drawScene(scene, test::show, expected.data(), bias += 3.0F);
+            flash = flash > 32 ? flash - 32 : 0;
+            for (Pixel32& pixel : expected)
+                pixel = saturatedSum(pixel, flash * 0x01010101);
+            ASSERT_EQ(frames[n], expected) << "frame " << n;
+        }
+        field.scrollV += 4;
+        turn = static_cast<float>(turn + 0.02);
+        field.angles = {-0.3F, -0.6F, static_cast<float>(trig::sin(turn) * 1.7)};
+    }
 }
 
 } // namespace

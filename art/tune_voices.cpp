@@ -37,17 +37,17 @@ Samples foldedBass() {
     for (int voice = 0; voice < 3; ++voice) {
         for (int h = 1; h < 90; ++h) {
             const double hertz = h * kLowC;
-            const double ratio = hertz / 1500.0;
+            const double ratio = hertz / 2400.0;
             const double d = (hertz - 620.0) / 160.0;
-            const double amplitude =
-                gains[voice] / h / std::sqrt(1.0 + ratio * ratio * ratio * ratio) * (1.0 + 1.8 * exponential(-d * d));
+            const double amplitude = gains[voice] / power(h, 0.85) / std::sqrt(1.0 + ratio * ratio * ratio * ratio) *
+                                     (1.0 + 1.8 * exponential(-d * d));
             spectrum.partial(cycles[voice] * h, amplitude, voice == 1 ? 0.75 : random(201, voice * 100 + h));
         }
     }
-    spectrum.partial(128.0, 1.3, 0.75);
+    spectrum.partial(128.0, 0.5, 0.75);
     Samples loop = spectrum.render();
     normalise(loop, 1.0);
-    foldWith(loop, 1.35);
+    foldWith(loop, 2.8);
     return loop;
 }
 

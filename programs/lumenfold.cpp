@@ -1,0 +1,7 @@
+// The demo: the driver in a window with sound. Reads no command line.
+
+#include "driver/run.h"
+
+int main() {
+    return lumenfold::enterProgram();
+}

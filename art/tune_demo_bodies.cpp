@@ -117,6 +117,7 @@ void rayTunnel(Score& score) {
                Sound::lead, 0, 46);
     stage.line("C6:6 G6:6 G#6:4 G6:8 D6:8 D#6:12 G5:4 A#5:12 G5:4 G5:16", Sound::lead, 8 * kBar, 44);
     stage.swellInto(13 * kBar, Sound::reverse, 16, 50);
+    stage.swellInto(stage.rows(), Sound::reverse, 15, 36);
     for (const int row : stage.rowsOf(sync::swap)) {
         stage.strike(row, 64, 50);
         stage.note(row, channel::perc, Sound::tom, "D3", 64);

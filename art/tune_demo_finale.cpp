@@ -52,6 +52,10 @@ void tube(Score& score) {
     stage.snareFill(3);
     stage.tomFill(7);
     stage.snareFill(11);
+    for (int bar = 1; bar < 15; bar += 2) {
+        stage.flutter(bar * kBar + 7, channel::hat, 2);
+        stage.flutter(bar * kBar + 14, channel::hat, 3);
+    }
     stage.bassLine(harmony, channel::bass, Sound::growl, "9.79.49.79.49.799.79.49.7949.794", 0, 8, 48);
     stage.bassLine(harmony, channel::bass, Sound::growl, "99799479979947999979.49.79494794", 8, 8, 50);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9..9..9...9.9.=.", 0, 16, 38);

@@ -11,6 +11,7 @@ void weld(Score& score) {
     Stage stage(score, "5 weld");
     stage.hush({channel::texture});
     stage.steps(channel::perc, Sound::spark, "8...4.6...7..5.4", 0, 3);
+    stage.strike(0, 40, 34);
     stage.note(0, channel::stab, Sound::growl, "B2", 26);
     stage.note(8, channel::stab, Sound::growl, "C3", 30);
     stage.strike(kBar, 60, 46);

@@ -10,6 +10,10 @@ namespace {
 constexpr std::uint8_t kVolumeColumn = 0x10;
 constexpr std::uint8_t kVolumeSlideUp = 0x70;
 constexpr int kPanning = 0x08;
+constexpr int kGlide = 0x03;
+constexpr int kGlideSpeed = 0x40; // four semitones a tick: any leap arrives within its row
+constexpr int kExtended = 0x0E;
+constexpr int kRetrigger = 0x90;
 constexpr int kEchoRows = 3;
 
 std::uint8_t volumeByte(int volume) {
@@ -20,17 +24,17 @@ std::uint8_t volumeByte(int volume) {
 int fader(Sound sound) {
     switch (sound) {
     case Sound::kick:
-        return 88;
+        return 85;
     case Sound::hardKick:
         return 96;
     case Sound::snare:
     case Sound::clap:
     case Sound::tom:
-        return 90;
+        return 87;
     case Sound::crash:
         return 84;
     case Sound::impact:
-        return 72;
+        return 64;
     case Sound::hat:
     case Sound::openHat:
     case Sound::ride:
@@ -43,15 +47,15 @@ int fader(Sound sound) {
     case Sound::padLeft:
     case Sound::padRight:
     case Sound::growl:
-        return 116;
+        return 122;
     case Sound::bass:
     case Sound::lead:
     case Sound::solo:
     case Sound::bell:
-        return 125;
+        return 130;
     case Sound::stab:
     case Sound::glass:
-        return 134;
+        return 140;
     default:
         return 100;
     }
@@ -274,6 +278,11 @@ void Stage::snareFill(int bar) {
             note(bar * kBar + row, channel::snare, Sound::snare, 49, (hits[static_cast<std::size_t>(row)] - '0') * 7);
         }
     }
+    flutter(bar * kBar + 13, channel::snare, 3);
+}
+
+void Stage::flutter(int row, int channelNumber, int everyTicks) {
+    effect(row, channelNumber, kExtended, kRetrigger + everyTicks);
 }
 
 void Stage::tomFill(int bar) {
@@ -391,12 +400,17 @@ void Stage::arpeggio(const Harmony& harmony, Sound sound, const std::string& fig
 }
 
 void Stage::voice(const std::string& words, Sound sound, int channelNumber, int row, int volume) {
+    bool sounding = false;
     for (const Word& word : parseWords(words)) {
         if (word.note == 0) {
             off(row, channelNumber);
         } else {
             note(row, channelNumber, sound, word.note, volume);
+            if (sounding && sound == Sound::solo && channelNumber == channel::lead) {
+                effect(row, channelNumber, kGlide, kGlideSpeed);
+            }
         }
+        sounding = word.note != 0;
         row += word.rows;
     }
     if (sustains(sound)) {

@@ -78,6 +78,8 @@ class Stage {
     // Ends a bar with a fill in its last rows: snares that thicken, or toms that fall.
     void snareFill(int bar);
     void tomFill(int bar);
+    // The note of that row strikes again every so many of its six ticks.
+    void flutter(int row, int channelNumber, int everyTicks);
     // A roll on the snare that grows from one volume to another, every so many rows.
     void roll(int row, int rows, int every, int fromVolume, int toVolume);
     // A swell or riser that ends on that row, started as late as its length of so many rows asks.
@@ -105,7 +107,8 @@ class Stage {
     // answers three rows later on the other side.
     void arpeggio(const Harmony& harmony, Sound sound, const std::string& figure, int bar, int bars, int volume,
                   int floor = 61);
-    // Words "A5:6" (note, rows), "-:4" rests, from a row on. Echoes follow on the two echo channels.
+    // Words "A5:6" (note, rows), "-:4" rests, from a row on. Echoes follow on the two echo channels. The solo glides
+    // from note to note.
     void line(const std::string& words, Sound sound, int row, int volume, bool echoes = true);
     // The same on one channel of choice, without echoes.
     void voice(const std::string& words, Sound sound, int channelNumber, int row, int volume);

@@ -1,5 +1,7 @@
 #include "platform/player/module_player.h"
 
+#include "platform/player/xm_layout.h"
+
 #include <libopenmpt/libopenmpt.hpp>
 
 #include <algorithm>
@@ -7,6 +9,8 @@
 #include <cmath>
 #include <cstring>
 #include <fstream>
+#include <iterator>
+#include <ostream>
 #include <stdexcept>
 #include <vector>
 
@@ -46,24 +50,22 @@ std::vector<PatternCommands> readPatterns(const openmpt::module& file) {
     return patterns;
 }
 
-std::ifstream openTune(const std::string& fileName) {
+std::vector<std::uint8_t> readTune(const std::string& fileName) {
     errno = 0;
     std::ifstream stream(fileName, std::ios::binary);
     if (!stream)
         throw std::runtime_error(fileName + ": cannot be opened: " + std::strerror(errno));
-    constexpr char signature[] = "Extended Module: ";
-    char start[sizeof signature - 1] = {};
-    stream.read(start, sizeof start);
-    if (!std::equal(std::begin(start), std::end(start), signature))
-        throw std::runtime_error(fileName + ": not an XM module");
-    stream.seekg(0);
-    return stream;
+    std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    const std::string fault = xmFault(bytes);
+    if (!fault.empty())
+        throw std::runtime_error(fileName + ": " + fault);
+    return bytes;
 }
 
 } // namespace
 
 struct ModulePlayer::Tune {
-    explicit Tune(std::ifstream stream) : file(stream, silence), patterns(readPatterns(file)) {
+    explicit Tune(const std::vector<std::uint8_t>& bytes) : file(bytes, silence), patterns(readPatterns(file)) {
         file.set_repeat_count(-1);
     }
 
@@ -87,9 +89,9 @@ struct ModulePlayer::Tune {
 };
 
 ModulePlayer::ModulePlayer(const std::string& fileName) : block{} {
-    std::ifstream stream = openTune(fileName);
+    const std::vector<std::uint8_t> bytes = readTune(fileName);
     try {
-        tune = std::make_unique<Tune>(std::move(stream));
+        tune = std::make_unique<Tune>(bytes);
     } catch (const openmpt::exception& error) {
         throw std::runtime_error(fileName + ": not an XM module: " + error.what());
     }

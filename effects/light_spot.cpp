@@ -1,7 +1,6 @@
 #include "effects/light_spot.h"
 
-#include "core/convert.h"
-#include "core/trig.h"
+#include "effects/turning_quad.h"
 
 #include <algorithm>
 
@@ -17,18 +16,7 @@ void paintLightSpot(Pixel32* picture) {
 }
 
 WarpQuad LightSpot::closeIn(float time) {
-    // Of the corners, top-left, top-right, bottom-left, bottom-right; the frame's sides are exchanged.
-    static const float directions[4] = {
-        static_cast<float>(trig::atan2(-160, -120)), static_cast<float>(trig::atan2(160, -120)),
-        static_cast<float>(trig::atan2(-160, 120)), static_cast<float>(trig::atan2(160, 120))};
-    constexpr int centre = lightSpotSide / 2;
-    const double turn = time * 0.04;
-    WarpQuad quad;
-    for (std::size_t corner = 0; corner < 4; ++corner) {
-        const double angle = directions[corner] + turn;
-        quad.x[corner] = wrapAdd(truncate(trig::cos(angle) * radius), centre);
-        quad.y[corner] = wrapAdd(truncate(trig::sin(angle) * radius), centre);
-    }
+    const WarpQuad quad = turningQuad(time, radius);
     if (radius > static_cast<float>(shrink))
         radius -= static_cast<float>(shrink);
     if (shrink > 5)

@@ -6,6 +6,7 @@
 #include "core/trig.h"
 #include "effects/frame_size.h"
 #include "effects/phase_clock.h"
+#include "effects/turning_quad.h"
 #include "effects/wave_grid.h"
 
 #include <vector>
@@ -19,7 +20,6 @@ struct State {
     const Pixel32* flow = nullptr;  // 256 x 256, through the grid
     const Pixel32* slime = nullptr; // 256 x 256, through the turning quad
     std::vector<Pixel32> quadLayer; // the frame's size, rewritten by every frame
-    std::array<float, 4> angles{};  // of the quad's corners at rest: top-left, top-right, bottom-left, bottom-right
 
     // runs on from frame to frame
     PhaseClock clock;
@@ -32,20 +32,12 @@ void init(FrameInfo info, float time) {
     state.slime = getTexture("slem4.jpg");
     state.quadLayer.resize(pixelCount(info));
     buildWaveGrid(warpGrid, time);
-    state.angles = {static_cast<float>(trig::atan2(-160, -120)), static_cast<float>(trig::atan2(160, -120)),
-                    static_cast<float>(trig::atan2(-160, 120)), static_cast<float>(trig::atan2(160, 120))};
 }
 
 // The slime under four corners that turn about the texture point (256, 256) and breathe.
 void drawQuadLayer(FrameInfo info, float time) {
     const double radius = trig::sin(time * 0.1) * 60.0 + 150.0;
-    const double turn = time * 0.04;
-    WarpQuad quad;
-    for (std::size_t k = 0; k < state.angles.size(); ++k) {
-        quad.x[k] = truncate(trig::cos(state.angles[k] + turn) * radius) + 256;
-        quad.y[k] = truncate(trig::sin(state.angles[k] + turn) * radius) + 256;
-    }
-    warpQuadWrapped(info, state.quadLayer.data(), state.slime, quad);
+    warpQuadWrapped(info, state.quadLayer.data(), state.slime, turningQuad(time, radius));
 }
 
 void drawFlow(FrameInfo info, Pixel32* pixels, float time) {

@@ -1,0 +1,139 @@
+// The warped scenes, every frame beside the scene told step by step. Grids, warpers and the picture of the spot have
+// tests of their own and are used as they are.
+
+#include "effects/twin_tunnel.h"
+#include "effects/wave_warp.h"
+
+#include "core/convert.h"
+#include "core/trig.h"
+#include "effects/light_spot.h"
+#include "effects/twin_tunnel_grid.h"
+#include "effects/wave_grid.h"
+#include "random_pixels.h"
+#include "show_scenes.h"
+
+#include <algorithm>
+
+namespace lumenfold {
+namespace {
+
+using test::Frame;
+using test::perByte;
+using test::saturatedSum;
+using trig::cos;
+using trig::sin;
+
+// Corners at rest, those of a rectangle 240 wide and 320 high: top-left, top-right, bottom-left, bottom-right.
+WarpQuad cornersAt(double phi, double R) {
+    const int rest[4][2] = {{-160, -120}, {160, -120}, {-160, 120}, {160, 120}};
+    WarpQuad quad{};
+    for (std::size_t k = 0; k < 4; ++k) {
+        const float a = static_cast<float>(trig::atan2(rest[k][0], rest[k][1]));
+        quad.x[k] = truncate(cos(a + phi) * R) + 256;
+        quad.y[k] = truncate(sin(a + phi) * R) + 256;
+    }
+    return quad;
+}
+
+struct LiteralTwinTunnel {
+    Frame spot = Frame(512 * 512), layer = Frame(512 * 384), banner;
+    const Pixel32* texture = getTexture("petrolenv.jpg");
+    WarpGrid grid;
+    TwinTunnelClock clock;
+    float R = 10000.0F;
+    int D = 300, scroll = 0;
+
+    void render(Frame& frame, bool pulse, bool open, float t) {
+        buildTwinTunnelGrid(grid, clock, pulse, t);
+        drawGridWarp(&frame[64 * 512], {512, 240, 0, 0, 0}, grid, texture, 257);
+        if (open) {
+            const WarpQuad quad = cornersAt(t * 0.04, R);
+            if (R > static_cast<float>(D))
+                R = R - static_cast<float>(D);
+            if (D > 5)
+                D = D - 1;
+            warpQuadClamped(test::show, layer.data(), spot.data(), quad);
+        }
+        for (std::size_t r = 0; r < 36; ++r)
+            for (std::size_t x = 0; x < 512; ++x) {
+                const std::size_t k = 512 * r + x;
+                const Pixel32 p = banner[((static_cast<std::size_t>(scroll) + x) & 255) + 256 * r];
+                frame[16384 + k] = p;
+                frame[168960 - k] = p;
+            }
+        if (open)
+            for (std::size_t i = 0; i < frame.size(); ++i)
+                frame[i] = saturatedSum(frame[i], layer[i]);
+        scroll += 3;
+    }
+};
+
+struct LiteralWaveWarp {
+    Frame layer = Frame(512 * 384);
+    const Pixel32* flow = getTexture("petrolenv.jpg");
+    const Pixel32* slime = getTexture("slem4.jpg");
+    WarpGrid grid;
+    int counter = 0;
+    float start = 0.0F;
+
+    void render(Frame& frame, float t) {
+        warpQuadWrapped(test::show, layer.data(), slime, cornersAt(t * 0.04, sin(t * 0.1) * 60.0 + 150.0));
+        buildWaveGrid(grid, t);
+        drawGridWarp(frame.data(), test::show, grid, flow, 0);
+        if (++counter == 1)
+            start = t;
+        const float d = t - start;
+        for (std::size_t i = 0; i < frame.size(); ++i) {
+            frame[i] = saturatedSum(frame[i], layer[i]);
+            if (d < 256.0)
+                frame[i] = perByte(frame[i], 0,
+                                   [a = truncate(d)](Pixel32 p, Pixel32) { return p * static_cast<Pixel32>(a) >> 8; });
+            if (i / 512 >= 352 || (i % 512 >= 480 && i % 512 <= 487))
+                frame[i] = 0;
+        }
+    }
+};
+
+using FlatScenes = test::ShowScenes;
+
+// The offset that the first scene leaves moves the second one's flow.
+TEST_F(FlatScenes, TwinTunnelThenWaveWarpEqualTheLiteralOnes) {
+    const auto tunnelTime = [](int n) { return 1800.0F + static_cast<float>(n) * 2.3F; };
+    const auto waveTime = [](int n) { return 3000.0F + static_cast<float>(n) * 13.7F; };
+    const auto pulseAt = [](int n) { return n == 4 || n == 9 || n == 15 || n == 50; };
+    const auto openAt = [](int n) { return n >= 12; };
+    constexpr int tunnelFrames = 70, waveFrames = 24;
+    load({twinTunnel, waveWarp});
+    std::vector<Frame> shipped;
+    Frame frame(pixelCount(test::show), 0x01102030);
+    for (int n = 0; n < tunnelFrames; ++n) {
+        syncState.syncFlag37 = pulseAt(n);
+        syncState.syncFlag59 = openAt(n);
+        draw(twinTunnel, frame, tunnelTime(n));
+        ASSERT_EQ(syncState.syncFlag37, 0);
+        shipped.push_back(frame);
+    }
+    for (int n = 0; n < waveFrames; ++n) {
+        draw(waveWarp, frame, waveTime(n));
+        shipped.push_back(frame);
+    }
+
+    warpOffset = 0;
+    LiteralTwinTunnel tunnel;
+    paintLightSpot(tunnel.spot.data());
+    tunnel.banner = picture("bajsa.jpg", 256, 36);
+    LiteralWaveWarp wave;
+    frame.assign(frame.size(), 0x01102030);
+    for (int n = 0; n < tunnelFrames; ++n) {
+        tunnel.render(frame, pulseAt(n), openAt(n), tunnelTime(n));
+        ASSERT_EQ(shipped[static_cast<std::size_t>(n)], frame) << "tunnel " << n;
+    }
+    for (int n = 0; n < waveFrames; ++n) {
+        wave.render(frame, waveTime(n));
+        ASSERT_EQ(shipped[static_cast<std::size_t>(tunnelFrames + n)], frame) << "wave " << n;
+    }
+    EXPECT_EQ(warpOffset, tunnelFrames * 257);
+}
+
+} // namespace
+} // namespace lumenfold

@@ -15,6 +15,10 @@ class SyncByte {
         value.store(byte, std::memory_order_relaxed);
         return *this;
     }
+    // Whether the byte is set; clears it then.
+    bool take() {
+        return value.load(std::memory_order_relaxed) != 0 && value.exchange(0, std::memory_order_relaxed) != 0;
+    }
     // Adds 1, wrapping from 255 to 0.
     void increment() { value.fetch_add(1, std::memory_order_relaxed); }
 

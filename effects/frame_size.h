@@ -6,8 +6,9 @@
 
 namespace lumenfold {
 
-// The row length that the scenes' fixed places count in.
+// The frame that the scenes' fixed places count in.
 inline constexpr int frameWidth = 512;
+inline constexpr int frameHeight = 384;
 
 inline std::size_t pixelCount(FrameInfo info) {
     return static_cast<std::size_t>(info.width) * static_cast<std::size_t>(info.height);

@@ -32,7 +32,7 @@ struct State {
     std::uint32_t frames = 0;
     float startTime = 0.0F;
     float previousTime = 0.0F;
-    std::uint32_t nameplateJumps = 0;
+    std::uint32_t nameplateJumps = 0; // counted for a third jump that was to bring the back picture; never read
 } state;
 
 // Turns a new object for good: every draw turns it by its spin, so one draw that nobody sees is enough.
@@ -110,13 +110,12 @@ void moveCamera(float time) {
 }
 
 void jumpNameplate() {
-    if (!syncState.syncFlag37)
+    if (!syncState.syncFlag37.take())
         return;
     ++state.nameplateJumps;
     Mesh& plate = *state.scene.objects[nameplate];
     if (!plate.materials.empty())
         plate.materials[0].scroll += 32;
-    syncState.syncFlag37 = 0;
 }
 
 void turnAndScrollPole(float elapsed) {

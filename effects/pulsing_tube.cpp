@@ -48,9 +48,8 @@ void init(FrameInfo info) {
 
 // Cuts one more diagonal out of the picture and pulls the tube close.
 void lungeOnSync() {
-    if (!syncState.syncFlag37)
+    if (!syncState.syncFlag37.take())
         return;
-    syncState.syncFlag37 = 0;
     if (state.cutSteps < 15)
         ++state.cutSteps;
     cutDiagonal(state.picture.data(), state.cutSteps);

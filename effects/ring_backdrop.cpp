@@ -8,7 +8,6 @@
 namespace lumenfold {
 
 namespace {
-constexpr int frameHeight = 384;
 constexpr int shownPixels = 40 * RingBackdrop::bandWidth; // of the band at a time
 constexpr int bandPixels = RingBackdrop::bandHeight * RingBackdrop::bandWidth;
 constexpr int upperStart = 57 * frameWidth;

@@ -106,7 +106,7 @@ void moveCube(Mesh& mesh, float lt) {
     }
     if (lt > 60) {
         a = 0.0F;
-        if (state.turned.a < 360.0F) { // true in every frame, because it starts again from 0
+        if (state.turned.a < 360.0F) { // true again in the frames that follow, because it starts from 0
             a = static_cast<float>(360.0 - state.turned.a);
             state.turned.a = 0.0F;
         }

@@ -90,10 +90,8 @@ void shakeSideways(Pixel32* frame) {
 
 void render(FrameInfo info, Pixel32* frame, float demoTime) {
     const float time = static_cast<float>(state.clock.advance(demoTime) * 1.5);
-    if (syncState.syncFlag37) {
-        syncState.syncFlag37 = 0;
+    if (syncState.syncFlag37.take())
         state.shake = 8;
-    }
     fillPixels(frame, 0, pixelCount(info));
     moveCamera(time);
     aircraft().position[2] = static_cast<float>(time * 0.2 - 65.0);

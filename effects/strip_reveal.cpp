@@ -8,7 +8,6 @@
 namespace lumenfold {
 
 namespace {
-constexpr int frameHeight = 384;
 constexpr int left = 420;
 } // namespace
 

@@ -74,20 +74,13 @@ void release() {
     state.reveal.strip = {};
 }
 
-bool taken(SyncByte& flag) {
-    const bool set = flag != 0;
-    if (set)
-        flag = 0;
-    return set;
-}
-
 void followMusic(float time) {
     Scene& scene = *state.showcase;
-    if (taken(syncState.syncFlag59) && state.swaps + 1 < exhibits.size())
+    if (syncState.syncFlag59.take() && state.swaps + 1 < exhibits.size())
         scene.objects[0] = scene.objects[++state.swaps];
-    if (taken(syncState.syncFlag37))
+    if (syncState.syncFlag37.take())
         scene.cameraPosition[2] = thrown;
-    if (taken(syncState.syncFlag33)) {
+    if (syncState.syncFlag33.take()) {
         state.fadeStart = time;
         state.fading = true;
     }

@@ -18,12 +18,11 @@ namespace lumenfold {
 
 namespace {
 
-constexpr int frameHeight = 384;
 constexpr int boxTop = 57; // the letterbox: rows 57 to 326
 constexpr FrameInfo boxView{frameWidth, 270, 0, 0, 0};
 constexpr std::size_t boxPixels = 512 * 270;
 constexpr int logoTop = 152;
-constexpr double degree = 0.01745327777777778; // 3.14159 / 180
+constexpr double degree = 0.01745327777777778; // 3.14159 / 180 with 16 digits: not the double of the other scenes
 
 struct State {
     // loaded once
@@ -40,7 +39,7 @@ struct State {
     // per phase
     unsigned tunnelFrames = 0;
     unsigned prisonFrames = 0;
-    float start = 0.0F;         // demo time of the phase's first frame
+    float start = 0.0F;         // demo time of the first frame of the phase that began last
     float dissolveStart = 0.0F; // local time; 0.0 means not yet
 } state;
 
@@ -128,10 +127,8 @@ void renderTunnel(Pixel32* pixels, float time) {
         drawOnce(*state.tunnel, box);
     if (lt < 127)
         fade(box, lowByte(lt + lt), boxPixels);
-    if (syncState.syncFlag39) {
-        syncState.syncFlag39 = 0;
+    if (syncState.syncFlag39.take())
         state.dissolveStart = lt;
-    }
     if (state.dissolveStart != 0.0F)
         drawDissolve(pixels, box, lt, time);
     if (lt > 587 && lt < 650)

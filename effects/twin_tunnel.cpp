@@ -163,9 +163,7 @@ void moveOn() {
 }
 
 void render(FrameInfo info, Pixel32* frame, float time) {
-    const bool pulse = syncState.syncFlag37 != 0;
-    if (pulse)
-        syncState.syncFlag37 = 0;
+    const bool pulse = syncState.syncFlag37.take();
     if (syncState.syncFlag32)
         switchToSecondPhase();
     if (state.secondPhase)

@@ -29,7 +29,7 @@ struct Planes {
 
 std::array<double, 3> targetOf(const std::uint8_t* rgb) {
     constexpr double half = 0.5;
-    constexpr double belowBlack = -2;
+    constexpr double belowBlack = -4;
     const double r = rgb[0];
     const double g = rgb[1];
     const double b = rgb[2];

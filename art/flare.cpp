@@ -1,6 +1,9 @@
 #include "art/textures.h"
 
 #include "art/encode.h"
+#include "art/picture_file.h"
+
+#include <stdexcept>
 
 // The additive sprites. They overlap by the dozen, so their energy is set by what the sum may reach, and their rim
 // is exactly black.
@@ -33,9 +36,9 @@ void makeRingFlare(const std::string& path) {
         const float ring = bell(r - 0.60F, 0.045F);
         const float streak = 0.16F * exponential(-std::fabs(y + 0.06F * x) * 26 - std::fabs(x) * 3.2F) +
                              0.05F * exponential(-std::fabs(x) * 34 - std::fabs(y) * 6);
-        Colour light = palette::ice * (0.24F * core + 0.6F * streak);
-        light += mix(palette::teal, fromHex(0x7FD8FF), 0.25F) * (1.7F * halo + 0.8F * streak);
-        light += palette::amber * (0.030F * ring + 0.030F * exponential(-r * r * 9));
+        Colour light = palette::ice * (0.20F * core + 0.4F * streak);
+        light += palette::teal * Vec3{0.4F, 1, 1} * (1.7F * halo + 0.8F * streak);
+        light += palette::amber * (0.045F * ring + 0.035F * exponential(-r * r * 9));
         return light;
     });
     writeBitmap(path, developed(picture, plain));
@@ -52,20 +55,27 @@ void makeSparkFlare(const std::string& path) {
     writeBitmap(path, developed(picture, plain));
 }
 
-// "petrolflare.jpg": flare of the feedback ring: an iridescent bubble.
+// "petrolflare.jpg": flare of the feedback ring. It is added to its own fading trail dozens of times, so every lobe is
+// a pure colour, dim, and clear of the others: the sum stays teal, violet and amber instead of white.
 void makePetrolFlare(const std::string& path) {
     const Picture picture = sprite(32, [](float x, float y) {
-        const float r = length(x, y);
-        const float turn = 0.5F + 0.5F * sine(angleOf(y, x) + 0.9F);
-        const Colour film = iridescence(0.12F + 0.34F * r + 0.24F * turn);
-        Colour light = film * film * (0.34F * bell(r - 0.40F, 0.16F) * (0.35F + 0.65F * turn));
-        light += palette::petrol * (0.22F * exponential(-r * r * 14));
-        light += palette::teal * (0.16F * bell(length(x + 0.20F, y + 0.26F), 0.12F));
-        light += palette::amber * (0.24F * bell(length(x - 0.26F, y - 0.30F), 0.14F)) +
-                 palette::violet * (0.10F * bell(r - 0.56F, 0.10F));
+        const Colour tealOnly = palette::teal * Vec3{0, 1, 0.8F};
+        const Colour violetOnly = palette::violet * Vec3{0.7F, 0, 1};
+        const Colour amberOnly = palette::amber * Vec3{1, 0.7F, 0};
+        const auto lobe = [&](float atX, float atY, float width) { return bell(length(x - atX, y - atY), width); };
+        Colour light = tealOnly * (0.20F * lobe(-0.18F, -0.20F, 0.18F));
+        light += violetOnly * (0.11F * lobe(-0.22F, 0.38F, 0.16F));
+        light += amberOnly * (0.15F * lobe(0.40F, 0.12F, 0.16F));
         return light;
     });
-    writeBitmap(path, developed(picture, plain));
+    // Rounding in the file leaves single bits of colour on a black rim; a slightly different exposure rounds otherwise.
+    for (float exposure = 1; exposure > 0.8F; exposure -= 0.005F) {
+        writeBitmap(path, developed(picture, {exposure, false, 0}));
+        if (borderIsBlack(readPicture(path, 32, 32))) {
+            return;
+        }
+    }
+    throw std::runtime_error(path + ": the border does not stay black");
 }
 
 } // namespace lumenfold::art

@@ -104,18 +104,6 @@ bool seamShows(const PictureFile& p, int count, Step step) {
     return step(p, count - 1, 0) > largest + 1;
 }
 
-bool rimIsBlack(const PictureFile& p) {
-    for (int y = 0; y < p.height; ++y) {
-        const int step = y == 0 || y == p.height - 1 ? 1 : p.width - 1;
-        for (int x = 0; x < p.width; x += step) {
-            if (p.at(x, y) != 0) {
-                return false;
-            }
-        }
-    }
-    return true;
-}
-
 double shareOf(const PictureFile& p, Pixel32 value) {
     return static_cast<double>(std::count(p.pixels.begin(), p.pixels.end(), value)) /
            static_cast<double>(p.pixels.size());
@@ -143,7 +131,7 @@ std::string contentFault(const PictureFile& p, unsigned rules) {
     if ((rules & wrapsInY) != 0 && seamShows(p, p.height, rowStep)) {
         return "a seam shows between the last row and the first";
     }
-    if ((rules & blackRim) != 0 && !rimIsBlack(p)) {
+    if ((rules & blackRim) != 0 && !borderIsBlack(p)) {
         return "the border is not exactly black";
     }
     if ((rules & blackGround) != 0 && shareOf(p, 0) < 0.10) {

@@ -18,6 +18,18 @@ PictureFile readPicture(const std::string& path, int width, int height) {
     return picture;
 }
 
+bool borderIsBlack(const PictureFile& p) {
+    for (int y = 0; y < p.height; ++y) {
+        const int step = y == 0 || y == p.height - 1 ? 1 : p.width - 1;
+        for (int x = 0; x < p.width; x += step) {
+            if (p.at(x, y) != 0) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
 std::string jpegFault(const std::vector<std::uint8_t>& bytes, int width, int height) {
     const auto word = [&bytes](std::size_t at) { return bytes.at(at) << 8 | bytes.at(at + 1); };
     if (bytes.size() > jpegLimit) {

@@ -2,6 +2,7 @@
 
 #include "core/pixel.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,9 @@ struct PictureFile {
 // Reads the file at the size that the demo expects. Throws DynamicError when it cannot be read and
 // std::runtime_error when it does not fill that size.
 PictureFile readPicture(const std::string& path, int width, int height);
+
+// Whether the outermost rows and columns are exactly 0.
+bool borderIsBlack(const PictureFile& picture);
 
 // What keeps a JPEG file from being read by the demo; empty if nothing does: baseline, 8 bits, no subsampling, no
 // restart interval, one table per segment, the right size, at most jpegLimit bytes.

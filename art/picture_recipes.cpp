@@ -7,6 +7,7 @@ std::vector<Recipe> pictureRecipes() {
     return {
         {"skum3.jpg", false, makeLiquidFolds},
         {"morph3.jpg", false, makeMachineCore},
+        {"bkfire.jpg", false, makeFireWreath},
     };
 }
 

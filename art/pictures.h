@@ -9,5 +9,6 @@ namespace lumenfold::art {
 
 void makeLiquidFolds(const std::string& path);
 void makeMachineCore(const std::string& path);
+void makeFireWreath(const std::string& path);
 
 } // namespace lumenfold::art

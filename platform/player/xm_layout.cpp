@@ -7,7 +7,8 @@ namespace lumenfold {
 
 namespace {
 
-// Walks over the file by the sizes that its headers give; what lies beyond the end reads as 0.
+// Walks over the file by the sizes that its headers give; what lies beyond the end reads as 0. No header is shorter
+// than the number that gives its size, so that every step leads on.
 class Walk {
   public:
     explicit Walk(const std::vector<std::uint8_t>& walked) : file(walked) {}
@@ -23,6 +24,7 @@ class Walk {
     }
 
     void skip(std::uint64_t bytes) { position += bytes; }
+    void skipHeader(std::uint64_t size) { skip(std::max<std::uint64_t>(size, 4)); }
     bool pastEnd() const { return position > file.size(); }
 
   private:
@@ -31,17 +33,19 @@ class Walk {
 };
 
 void skipPattern(Walk& walk) {
-    walk.skip(walk.number(0, 4) + walk.number(7, 2)); // header and packed rows
+    const std::uint64_t packedRows = walk.number(7, 2);
+    walk.skipHeader(walk.number(0, 4));
+    walk.skip(packedRows);
 }
 
 void skipInstrument(Walk& walk) {
     const std::uint64_t samples = walk.number(27, 2);
     const std::uint64_t headerSize = walk.number(29, 4);
-    walk.skip(walk.number(0, 4));
+    walk.skipHeader(walk.number(0, 4));
     std::uint64_t data = 0;
     for (std::uint64_t i = 0; i < samples && !walk.pastEnd(); ++i) {
         data += walk.number(0, 4);
-        walk.skip(headerSize);
+        walk.skipHeader(headerSize);
     }
     walk.skip(data);
 }
@@ -59,7 +63,7 @@ std::string xmFault(const std::vector<std::uint8_t>& file) {
     walk.skip(60);
     const std::uint64_t patterns = walk.number(10, 2);
     const std::uint64_t instruments = walk.number(12, 2);
-    walk.skip(walk.number(0, 4));
+    walk.skipHeader(walk.number(0, 4));
     for (std::uint64_t i = 0; i < patterns && !walk.pastEnd(); ++i)
         skipPattern(walk);
     for (std::uint64_t i = 0; i < instruments && !walk.pastEnd(); ++i)

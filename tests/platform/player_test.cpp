@@ -1,0 +1,189 @@
+#include "platform/player/module_player.h"
+#include "platform/player/xm_layout.h"
+#include "tests/platform/tiny_xm.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace lumenfold {
+namespace {
+
+using test::TinyXm;
+
+std::string tunePath() {
+    return testing::TempDir() + "player_test.xm";
+}
+
+struct Heard {
+    std::vector<float> samples;
+    std::vector<SyncCommand> syncs;
+};
+
+// Plays so many seconds in pieces of the given size.
+Heard play(const TinyXm& tune, double seconds, std::size_t piece) {
+    tune.write(tunePath());
+    ModulePlayer player(tunePath());
+    Heard heard;
+    const auto frames = static_cast<std::size_t>(seconds * soundRate);
+    heard.samples.resize(frames * 2);
+    for (std::size_t at = 0; at < frames; at += piece) {
+        SyncCommand command;
+        while (player.takeSync(player.position(), command))
+            heard.syncs.push_back(command);
+        player.render(heard.samples.data() + at * 2, std::min(piece, frames - at));
+    }
+    return heard;
+}
+
+// "position of the row:value" for every command, positions in rows of 120 ms.
+std::string inRows(const std::vector<SyncCommand>& syncs) {
+    constexpr double rowFrames = soundRate * 0.12;
+    std::string text;
+    for (const SyncCommand& sync : syncs) {
+        const double row = static_cast<double>(sync.position) / rowFrames;
+        EXPECT_NEAR(row, std::round(row), 1.0 / rowFrames);
+        text += (text.empty() ? "" : " ") + std::to_string(std::lround(row)) + ":" + std::to_string(sync.value);
+    }
+    return text;
+}
+
+struct Case {
+    const char* name;
+    TinyXm tune;
+    double seconds;
+    const char* syncs;
+};
+
+class PlayerSyncs : public testing::TestWithParam<Case> {};
+
+TEST_P(PlayerSyncs, ComeInOrderWithTheirRows) {
+    EXPECT_EQ(inRows(play(GetParam().tune, GetParam().seconds, 64).syncs), GetParam().syncs);
+    EXPECT_EQ(inRows(play(GetParam().tune, GetParam().seconds, 801).syncs), GetParam().syncs);
+}
+
+constexpr std::uint8_t sync = 0x20;
+
+INSTANTIATE_TEST_SUITE_P(
+    , PlayerSyncs,
+    testing::Values(
+        // 8 rows, again and again; channel order within a row
+        Case{"LoopAndChannels",
+             {4,
+              6,
+              125,
+              0,
+              {0},
+              {8},
+              {{0, 0, 1, sync, 1}, {0, 3, 2, sync, 37}, {0, 3, 0, sync, 59}, {0, 7, 3, sync, 255}}},
+             2.0,
+             "0:1 3:59 3:37 7:255 8:1 11:59 11:37 15:255 16:1"},
+        // patterns of 2 and 4 rows; the loop leaves the first one out
+        Case{"Restart",
+             {2, 6, 125, 1, {0, 1}, {2, 4}, {{0, 1, 0, sync, 5}, {1, 0, 0, sync, 36}}},
+             1.5,
+             "1:5 2:36 6:36 10:36"},
+        // E6x plays rows 1 to 2 three times
+        Case{"PatternLoop",
+             {2,
+              6,
+              125,
+              0,
+              {0},
+              {8},
+              {{0, 1, 0, 0xE, 0x60}, {0, 2, 0, 0xE, 0x62}, {0, 2, 1, sync, 32}, {0, 5, 0, sync, 33}}},
+             1.4,
+             "2:32 4:32 6:32 9:33"},
+        // one row that repeats itself
+        Case{"OneRow", {2, 6, 125, 0, {0}, {1}, {{0, 0, 1, sync, 9}}}, 0.4, "0:9 1:9 2:9 3:9"},
+        // EE2 holds row 1 for three rows' time; its command counts once
+        Case{"PatternDelay",
+             {2, 6, 125, 0, {0}, {8}, {{0, 1, 0, 0xE, 0xE2}, {0, 1, 1, sync, 39}, {0, 2, 1, sync, 59}}},
+             0.8,
+             "1:39 4:59"},
+        // at speed 3 rows take half the time, at tempo 250 a quarter
+        Case{
+            "SpeedAndTempo",
+            {2, 6, 125, 0, {0}, {16}, {{0, 2, 0, 0xF, 3}, {0, 4, 0, sync, 1}, {0, 4, 1, 0xF, 250}, {0, 8, 1, sync, 2}}},
+            0.7,
+            "3:1 4:2"},
+        // jump over rows
+        Case{"Break",
+             {2,
+              6,
+              125,
+              0,
+              {0, 1},
+              {8, 4},
+              {{0, 1, 0, 0xD, 2}, {0, 2, 0, sync, 7}, {1, 2, 0, sync, 8}, {1, 1, 0, sync, 6}}},
+             0.9,
+             "2:8 6:8"}),
+    [](const testing::TestParamInfo<Case>& test) { return std::string(test.param.name); });
+
+// The row's first sample is the click's first: 140 BPM, whose ticks are no whole number of samples.
+TEST(Player, SyncAndSoundOfARowBeginTogether) {
+    TinyXm tune{1, 6, 140, 0, {0}, {64}, {}};
+    for (int row = 0; row < 64; row += 4)
+        tune.commands.push_back({0, row, 0, sync, 32, true});
+    const Heard heard = play(tune, 10.0, 800);
+    ASSERT_GT(heard.syncs.size(), 20U);
+    for (const SyncCommand& command : heard.syncs) {
+        auto at = static_cast<std::size_t>(command.position);
+        const std::size_t limit = at + 48; // a millisecond
+        if (limit * 2 >= heard.samples.size())
+            break;
+        if (at >= 10) {
+            EXPECT_LT(std::fabs(heard.samples[(at - 10) * 2]), 0.001F) << command.position;
+        }
+        while (at < limit && std::fabs(heard.samples[at * 2]) < 0.01F)
+            ++at;
+        EXPECT_LT(at, limit) << command.position;
+    }
+}
+
+TEST(Player, WhatComesOutDependsOnTheFileAlone) {
+    TinyXm tune{2, 5, 133, 0, {0}, {16}, {}};
+    for (int row = 0; row < 16; row += 3)
+        tune.commands.push_back({0, row, row % 2, sync, 32, true});
+    const Heard small = play(tune, 3.0, 17);
+    const Heard large = play(tune, 3.0, 4096);
+    EXPECT_EQ(small.samples, large.samples);
+}
+
+TEST(Player, NamesTheFileAndTheCause) {
+    const auto fault = [](const std::vector<std::uint8_t>& bytes, const std::string& expected) {
+        EXPECT_EQ(xmFault(bytes), expected);
+    };
+    const std::vector<std::uint8_t> whole = TinyXm{2, 6, 125, 0, {0}, {8}, {{0, 0, 0, sync, 1}}}.bytes();
+    fault(whole, "");
+    fault({}, "not an XM module");
+    fault(std::vector<std::uint8_t>(100, 'x'), "not an XM module");
+    for (std::size_t size = 60; size < whole.size(); ++size)
+        fault(std::vector<std::uint8_t>(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)),
+              "the file ends early");
+    try {
+        ModulePlayer player("no-such-file.xm");
+        FAIL();
+    } catch (const std::runtime_error& error) {
+        EXPECT_EQ(std::string(error.what()), "no-such-file.xm: cannot be opened: No such file or directory");
+    }
+}
+
+// Sizes of 0 and of 4 billion, in every place of the header, neither hang nor read beyond the file.
+TEST(Player, DamagedHeadersEndTheWalk) {
+    const std::vector<std::uint8_t> whole = TinyXm{2, 6, 125, 0, {0}, {8}, {}}.bytes();
+    for (std::size_t at = 58; at < whole.size(); ++at)
+        for (const std::uint8_t byte : {0, 255}) {
+            std::vector<std::uint8_t> damaged = whole;
+            for (std::size_t i = at; i < std::min(at + 4, damaged.size()); ++i)
+                damaged[i] = byte;
+            xmFault(damaged);
+        }
+}
+
+} // namespace
+} // namespace lumenfold

@@ -10,7 +10,7 @@
 namespace lumenfold::art::synth {
 namespace {
 
-constexpr double kTurn = 6.283185307179586;
+constexpr double turn = 6.283185307179586;
 
 void reverseBits(std::vector<double>& real, std::vector<double>& imaginary) {
     const std::size_t length = real.size();
@@ -35,7 +35,7 @@ void transform(std::vector<double>& real, std::vector<double>& imaginary, bool i
     std::vector<double> cosines(length / 2);
     std::vector<double> sines(length / 2);
     for (std::size_t i = 0; i < length / 2; ++i) {
-        const double angle = kTurn * static_cast<double>(i) / static_cast<double>(length);
+        const double angle = turn * static_cast<double>(i) / static_cast<double>(length);
         cosines[i] = trig::cos(angle);
         sines[i] = inverse ? trig::sin(angle) : -trig::sin(angle);
     }

@@ -6,9 +6,9 @@
 namespace lumenfold::art {
 namespace {
 
-constexpr int kSyncChannel = 0;
-constexpr int kTempoChannel = 1;
-constexpr int kPatternRows = 4 * kBar;
+constexpr int syncChannel = 0;
+constexpr int tempoChannel = 1;
+constexpr int patternRows = 4 * barRows;
 
 int totalRows(const std::vector<Section>& sections) {
     int rows = 0;
@@ -45,10 +45,10 @@ void Score::writeSections() {
     for (const Section& section : parts) {
         if (section.tempo != tempo) {
             tempo = section.tempo;
-            setEffect(cell(start, kTempoChannel), kXmSetTempo, tempo);
+            setEffect(cell(start, tempoChannel), xmSetTempo, tempo);
         }
         for (const SyncEvent& event : section.events) {
-            setEffect(cell(start + event.row, kSyncChannel), kXmSync, event.value);
+            setEffect(cell(start + event.row, syncChannel), xmSync, event.value);
         }
         start += section.rows;
     }
@@ -87,9 +87,9 @@ XmSong Score::toSong(const std::string& name, const std::string& restartSection,
         if (section.name == restartSection) {
             song.restart = static_cast<int>(song.order.size());
         }
-        for (int done = 0; done < section.rows; done += kPatternRows) {
+        for (int done = 0; done < section.rows; done += patternRows) {
             XmPattern pattern;
-            pattern.rows = std::min(kPatternRows, section.rows - done);
+            pattern.rows = std::min(patternRows, section.rows - done);
             const auto from = cells.begin() + static_cast<std::ptrdiff_t>((row + done) * channelCount);
             pattern.cells.assign(from, from + static_cast<std::ptrdiff_t>(pattern.rows * channelCount));
             const auto known = std::find_if(song.patterns.begin(), song.patterns.end(), [&](const XmPattern& other) {

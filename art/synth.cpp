@@ -9,11 +9,11 @@
 namespace lumenfold::art::synth {
 namespace {
 
-constexpr double kTurn = 6.283185307179586;
-constexpr double kLn2 = 0.6931471805599453;
+constexpr double turn = 6.283185307179586;
+constexpr double ln2 = 0.6931471805599453;
 
 double at(std::size_t index) {
-    return static_cast<double>(index) / kSampleRate;
+    return static_cast<double>(index) / sampleRate;
 }
 
 std::size_t powerOfTwoFrom(std::size_t size) {
@@ -34,7 +34,7 @@ Samples spectrallyScaled(const Samples& source, const std::function<double(doubl
     for (std::size_t i = 0; i < length; ++i) {
         const std::size_t bin = std::min(i, length - i);
         const double factor =
-            gain(static_cast<double>(bin) * kSampleRate / static_cast<double>(length)) / static_cast<double>(length);
+            gain(static_cast<double>(bin) * sampleRate / static_cast<double>(length)) / static_cast<double>(length);
         real[i] *= factor;
         imaginary[i] *= factor;
     }
@@ -50,8 +50,8 @@ double exponential(double x) {
         return 0.0;
     }
     // x = n ln 2 + r with |r| at most half of ln 2, where thirteen terms of the series reach double precision.
-    const double n = std::floor(x / kLn2 + 0.5);
-    const double r = x - n * kLn2;
+    const double n = std::floor(x / ln2 + 0.5);
+    const double r = x - n * ln2;
     double sum = 1.0;
     for (int k = 13; k >= 1; --k) {
         sum = 1.0 + sum * r / k;
@@ -72,7 +72,7 @@ double logarithm(double x) {
     for (int k = 21; k >= 1; k -= 2) {
         sum = sum * q * q + 1.0 / k;
     }
-    return 2.0 * q * sum + exponent * kLn2;
+    return 2.0 * q * sum + exponent * ln2;
 }
 
 double power(double base, double exponent) {
@@ -86,7 +86,7 @@ double saturate(double x) {
 }
 
 double cycleSine(double cycles) {
-    return trig::sin(kTurn * (cycles - std::floor(cycles)));
+    return trig::sin(turn * (cycles - std::floor(cycles)));
 }
 
 double noise(std::uint32_t seed, std::uint32_t index) {
@@ -100,7 +100,7 @@ double noise(std::uint32_t seed, std::uint32_t index) {
 }
 
 std::size_t sampleCount(double seconds) {
-    return static_cast<std::size_t>(seconds * kSampleRate + 0.5);
+    return static_cast<std::size_t>(seconds * sampleRate + 0.5);
 }
 
 Samples render(double seconds, const std::function<double(double)>& sample) {
@@ -122,7 +122,7 @@ Samples whiteNoise(double seconds, std::uint32_t seed) {
 Samples sweptSine(double seconds, const std::function<double(double)>& hertz) {
     double phase = 0.0;
     return render(seconds, [&](double t) {
-        phase += hertz(t) / kSampleRate;
+        phase += hertz(t) / sampleRate;
         return cycleSine(phase);
     });
 }

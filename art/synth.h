@@ -10,11 +10,11 @@
 
 namespace lumenfold::art::synth {
 
-using Samples = std::vector<double>; // -1 to 1 is full scale; mono at kSampleRate unless told otherwise
+using Samples = std::vector<double>; // -1 to 1 is full scale; mono at sampleRate unless told otherwise
 
 // Samples a second that an XM player reads at C-4 with a relative note of 24.
-constexpr double kSampleRate = 33452.0;
-constexpr double kMiddleC = 261.6256; // C-4 in hertz
+constexpr double sampleRate = 33452.0;
+constexpr double middleC = 261.6256; // C-4 in hertz
 
 double exponential(double x);
 double logarithm(double x); // x > 0
@@ -45,7 +45,7 @@ Samples filtered(const Samples& source, double lowCut, double highCut, int order
 // Adds a decaying diffuse room behind the sound; the result is longer by the room's length. Brightness is where the
 // room's spectrum begins to fall, in hertz.
 Samples withRoom(const Samples& source, double roomSeconds, double wet, double brightness, std::uint32_t seed);
-// Two biquad-like resonances are enough for a vowel: a bell in the spectrum at each centre.
+// Raises the spectrum by up to the gain in a bell around each centre, all in hertz: a vowel.
 Samples resonated(const Samples& source, const std::vector<double>& centres, double width, double gain);
 
 // A seamless loop of a power-of-two length, given by its spectrum: amplitude and phase of whole cycles in the loop.
@@ -56,7 +56,7 @@ class LoopSpectrum {
     // A partial as a cloud of random phases, width in cycles.
     void cloud(double centre, double width, double amplitude, std::uint32_t seed);
     Samples render() const;
-    double cyclesOf(double hertz) const { return hertz / kSampleRate * static_cast<double>(length); }
+    double cyclesOf(double hertz) const { return hertz / sampleRate * static_cast<double>(length); }
 
   private:
     std::size_t length;

@@ -10,7 +10,7 @@ using namespace synth;
 
 namespace {
 
-constexpr double kBarSeconds = 12.0 / 7.0; // sixteen rows at 140 beats a minute
+constexpr double barSeconds = 12.0 / 7.0; // sixteen rows at 140 beats a minute
 
 // White noise whose band climbs: narrow static bands, each swelling when the sweep passes it.
 Samples climbingNoise(double seconds, double fromHertz, double octaves, std::uint32_t seed) {
@@ -31,12 +31,12 @@ Samples climbingNoise(double seconds, double fromHertz, double octaves, std::uin
 }
 
 Samples reverse() {
-    Samples sound = climbingNoise(kBarSeconds, 300.0, 4.2, 101);
-    Samples tone = render(kBarSeconds, [](double t) {
+    Samples sound = climbingNoise(barSeconds, 300.0, 4.2, 101);
+    Samples tone = render(barSeconds, [](double t) {
         return 0.22 * (cycleSine(293.66 * t) + cycleSine(440.0 * t) + cycleSine(587.33 * t + 0.3));
     });
     add(sound, tone);
-    multiply(sound, [](double t) { return exponential((t - kBarSeconds) / 0.42) * std::min(1.0, t / 0.05); });
+    multiply(sound, [](double t) { return exponential((t - barSeconds) / 0.42) * std::min(1.0, t / 0.05); });
     fadeEnds(sound, 0.0, 0.012);
     return sound;
 }
@@ -59,11 +59,11 @@ Samples impact() {
 }
 
 Samples riser() {
-    constexpr double seconds = 2.0 * kBarSeconds;
+    constexpr double seconds = 2.0 * barSeconds;
     Samples sound = climbingNoise(seconds, 260.0, 5.0, 121);
     double phase = 0.0;
     Samples tone = render(seconds, [&](double t) {
-        phase += 146.83 * power(2.0, 2.0 * t / seconds) / kSampleRate;
+        phase += 146.83 * power(2.0, 2.0 * t / seconds) / sampleRate;
         return 0.16 * (cycleSine(phase) + cycleSine(phase * 1.503) + cycleSine(phase * 2.01));
     });
     add(sound, tone);
@@ -121,7 +121,7 @@ XmInstrument atmosphere(Sound sound) {
     case Sound::riser:
         return oneShot("riser", riser(), 0.65);
     case Sound::sea: {
-        XmInstrument loop = halved(seamless("sea", sea(), kMiddleC, 0.7));
+        XmInstrument loop = halved(seamless("sea", sea(), middleC, 0.7));
         loop.volumeEnvelope = {{0, 0}, {70, 40}, {150, 64}, {230, 30}, {320, 58}};
         loop.sustainPoint = 4;
         loop.fadeOut = 250;

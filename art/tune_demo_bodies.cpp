@@ -10,7 +10,7 @@ namespace {
 void bodies(Score& score) {
     Stage stage(score, "3 bodies");
     const std::string first = "Fm9 Dbmaj7 Ab Eb Fm9 Cm7 Bbm9 C7";
-    const Stage::Harmony harmony{first, kBar};
+    const Stage::Harmony harmony{first, barRows};
     const std::string kick = "9.....6..8......9..6..6..8....7.";
     stage.hush();
     stage.strike(0, 60, 54);
@@ -32,14 +32,14 @@ void bodies(Score& score) {
     stage.bassLine(harmony, channel::bass, Sound::bass, "9.=9.=6.39=..36993=9.=6.39=.6.46", 8, 4, 48);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..9.3.9...9.3.99", 12, 6, 50);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9....=..9....=..", 0, 18, 46);
-    stage.pads({first + " " + first + " Fm9 Dbmaj7 Bbm9 C7", kBar}, 0, 38);
+    stage.pads({first + " " + first + " Fm9 Dbmaj7 Bbm9 C7", barRows}, 0, 38);
     stage.pump(0, 18, 40);
     stage.arpeggio(harmony, Sound::glass, "a.c.b.d.e.c.b.d.", 4, 4, 28);
     stage.arpeggio(harmony, Sound::glass, "a..b..c..d..e.c.", 8, 4, 30);
     stage.arpeggio(harmony, Sound::glass, "aebfcgdhaebfcgdh", 12, 5, 30);
-    stage.line(motif("F", false, 4) + motif("F", false, 4), Sound::lead, 4 * kBar, 42);
-    stage.line("C5:6 D#5:6 F5:4 G#5:12 G5:4 D#5:6 F5:6 C5:20", Sound::solo, 8 * kBar, 40);
-    stage.line(motif("F", false, 5) + "C#5:6 F5:6 A#5:4 G5:8 E5:8", Sound::lead, 12 * kBar, 42);
+    stage.line(motif("F", false, 4) + motif("F", false, 4), Sound::lead, 4 * barRows, 42);
+    stage.line("C5:6 D#5:6 F5:4 G#5:12 G5:4 D#5:6 F5:6 C5:20", Sound::solo, 8 * barRows, 40);
+    stage.line(motif("F", false, 5) + "C#5:6 F5:6 A#5:4 G5:8 E5:8", Sound::lead, 12 * barRows, 42);
     for (const int row : stage.rowsOf(sync::swap)) {
         stage.strike(row, 46, 50);
     }
@@ -50,14 +50,14 @@ void bodies(Score& score) {
     for (const int row : stage.rowsOf(sync::fadeOut)) {
         stage.note(row, channel::impact, Sound::impact, "C4", 30);
     }
-    stage.voice("C5:48 E5:16", Sound::choir, channel::texture, 16 * kBar, 30);
+    stage.voice("C5:48 E5:16", Sound::choir, channel::texture, 16 * barRows, 30);
     stage.swellInto(stage.rows(), Sound::riser, 32, 56);
 }
 
 // One note, off the beat. Each hit throws the picture back: a low drum with the impact an fifth up.
 void twinTunnels(Score& score) {
     Stage stage(score, "4 twin tunnels");
-    const Stage::Harmony harmony{"Cm Cm Cm Abmaj7 Cm Cm Fm7 G7b9", kBar};
+    const Stage::Harmony harmony{"Cm Cm Cm Abmaj7 Cm Cm Fm7 G7b9", barRows};
     stage.hush();
     stage.strike(0, 64, 56);
     stage.drums({"9...9...9...9...", "", "", "..6...6...6...6."}, 0, 4);
@@ -74,8 +74,8 @@ void twinTunnels(Score& score) {
     stage.stabs(harmony, "..6..4..........", 4, 4, 36);
     stage.stabs(harmony, "9.....6...3.....", 8, 4, 42);
     stage.stabs(harmony, "9..9..9...9.6...", 12, 3, 44);
-    stage.voice("G4:32 G#4:16 G4:16", Sound::choir, channel::texture, 4 * kBar, 26);
-    stage.voice("C5:32 D#5:32 G5:32 C6:16 B5:16", Sound::choir, channel::texture, 8 * kBar, 30);
+    stage.voice("G4:32 G#4:16 G4:16", Sound::choir, channel::texture, 4 * barRows, 26);
+    stage.voice("C5:32 D#5:32 G5:32 C6:16 B5:16", Sound::choir, channel::texture, 8 * barRows, 30);
     for (const int row : stage.rowsOf(sync::hit)) {
         stage.note(row, channel::perc, Sound::tom, "G4", 56);
         stage.note(row, channel::impact, Sound::impact, "G4", 40);
@@ -84,15 +84,15 @@ void twinTunnels(Score& score) {
         stage.strike(row, 0, 64);
     }
     stage.snareFill(11);
-    stage.roll(14 * kBar + 8, 8, 2, 14, 30);
-    stage.roll(15 * kBar, kBar, 1, 20, 62);
+    stage.roll(14 * barRows + 8, 8, 2, 14, 30);
+    stage.roll(15 * barRows, barRows, 1, 20, 62);
     stage.swellInto(stage.rows(), Sound::riser, 32, 62);
 }
 
 // White, then everything at once: A flat with its sixth above, two themes, and a stop that rings.
 void rayTunnel(Score& score) {
     Stage stage(score, "4 ray tunnel");
-    const Stage::Harmony harmony{"Abmaj9 Bb Cm9 Gm7 Abmaj9 Bb Eb F Abmaj9 Bb Cm9 Eb G7sus4", kBar};
+    const Stage::Harmony harmony{"Abmaj9 Bb Cm9 Gm7 Abmaj9 Bb Eb F Abmaj9 Bb Cm9 Eb G7sus4", barRows};
     stage.hush();
     stage.strike(0, 64, 64);
     stage.drums({"9...9...9...9...", "....9.......9..3", "6354635463546354", "..7...7...7...7."}, 0, 8);
@@ -102,7 +102,7 @@ void rayTunnel(Score& score) {
     stage.tomFill(7);
     stage.snareFill(12);
     for (const int bar : {4, 8}) {
-        stage.strike(bar * kBar, 30, 54);
+        stage.strike(bar * barRows, 30, 54);
     }
     stage.pads(harmony, 0, 44);
     stage.pump(0, 13, 46);
@@ -115,8 +115,8 @@ void rayTunnel(Score& score) {
                 channel::texture, 0, 34);
     stage.line("C5:6 G5:6 G#5:4 G5:8 D5:8 D#5:6 F5:6 G5:4 A#5:12 F5:4 C5:6 G5:6 G#5:4 A#5:8 G5:8 D#6:16 C6:16",
                Sound::lead, 0, 46);
-    stage.line("C6:6 G6:6 G#6:4 G6:8 D6:8 D#6:12 G5:4 A#5:12 G5:4 G5:16", Sound::lead, 8 * kBar, 44);
-    stage.swellInto(13 * kBar, Sound::reverse, 16, 50);
+    stage.line("C6:6 G6:6 G#6:4 G6:8 D6:8 D#6:12 G5:4 A#5:12 G5:4 G5:16", Sound::lead, 8 * barRows, 44);
+    stage.swellInto(13 * barRows, Sound::reverse, 16, 50);
     stage.swellInto(stage.rows(), Sound::reverse, 15, 36);
     for (const int row : stage.rowsOf(sync::swap)) {
         stage.strike(row, 64, 50);

@@ -6,7 +6,7 @@
 namespace lumenfold::art {
 namespace {
 
-constexpr int kRelativeNote = 24; // C-4 reads kSampleRate samples a second
+constexpr int usualRelativeNote = 24; // C-4 reads sampleRate samples a second
 
 std::vector<std::int16_t> quantised(const synth::Samples& sound) {
     std::vector<std::int16_t> result;
@@ -41,7 +41,7 @@ XmInstrument oneShot(const std::string& name, synth::Samples sound, double level
     instrument.name = name;
     instrument.samples = quantised(sound);
     instrument.panning = panning;
-    instrument.relativeNote = kRelativeNote;
+    instrument.relativeNote = usualRelativeNote;
     return instrument;
 }
 
@@ -53,9 +53,9 @@ XmInstrument seamless(const std::string& name, synth::Samples loop, double hertz
     instrument.samples = quantised(loop);
     instrument.loopLength = static_cast<int>(instrument.samples.size());
     instrument.panning = panning;
-    const double semitones = 12.0 * synth::logarithm(synth::kMiddleC / hertz) / synth::logarithm(2.0);
+    const double semitones = 12.0 * synth::logarithm(synth::middleC / hertz) / synth::logarithm(2.0);
     const double whole = std::floor(semitones + 0.5);
-    instrument.relativeNote = kRelativeNote + static_cast<int>(whole);
+    instrument.relativeNote = usualRelativeNote + static_cast<int>(whole);
     instrument.fineTune = static_cast<int>(std::floor((semitones - whole) * 128.0 + 0.5));
     return instrument;
 }
@@ -70,6 +70,46 @@ XmInstrument halved(XmInstrument instrument) {
     instrument.loopLength /= 2;
     instrument.relativeNote -= 12;
     return instrument;
+}
+
+int fader(Sound sound) {
+    switch (sound) {
+    case Sound::kick:
+        return 85;
+    case Sound::hardKick:
+        return 96;
+    case Sound::snare:
+    case Sound::clap:
+    case Sound::tom:
+        return 87;
+    case Sound::crash:
+        return 84;
+    case Sound::impact:
+        return 64;
+    case Sound::hat:
+    case Sound::openHat:
+    case Sound::ride:
+    case Sound::rim:
+        return 112;
+    case Sound::sub:
+        return 105;
+    case Sound::choir:
+        return 112;
+    case Sound::padLeft:
+    case Sound::padRight:
+    case Sound::growl:
+        return 122;
+    case Sound::bass:
+    case Sound::lead:
+    case Sound::solo:
+    case Sound::bell:
+        return 130;
+    case Sound::stab:
+    case Sound::glass:
+        return 140;
+    default:
+        return 100;
+    }
 }
 
 std::vector<XmInstrument> tuneInstruments() {

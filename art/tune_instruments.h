@@ -47,6 +47,9 @@ enum class Sound {
 // All sounds in the order of `Sound`, the first being 1.
 std::vector<XmInstrument> tuneInstruments();
 
+// The faders of the mixing desk, in percent: every note's volume passes through its sound's.
+int fader(Sound sound);
+
 // Where the sounds come from, family by family.
 XmInstrument percussion(Sound sound);
 XmInstrument tonal(Sound sound);
@@ -54,7 +57,7 @@ XmInstrument atmosphere(Sound sound);
 
 // A sound that plays once; level is its peak, 0 to 1.
 XmInstrument oneShot(const std::string& name, synth::Samples sound, double level, int panning = 128);
-// A seamless loop whose fundamental is at the given frequency when played at kSampleRate: tuned so that notes sound
+// A seamless loop whose fundamental is at the given frequency when played at sampleRate: tuned so that notes sound
 // as written.
 XmInstrument seamless(const std::string& name, synth::Samples loop, double hertz, double level, int panning = 128);
 // Keeps every second sample, an octave of relative note lower; the sound must hold nothing above 8 kHz.

@@ -8,8 +8,8 @@
 namespace lumenfold::art {
 namespace {
 
-constexpr double kSilence = 0.001;  // -60 decibels
-constexpr std::size_t kBlock = 480; // ten milliseconds
+constexpr double silenceBelow = 0.001;   // -60 decibels
+constexpr std::size_t blockLength = 480; // ten milliseconds
 
 double decibels(double amplitude) {
     return 20.0 * std::log10(std::max(amplitude, 1e-9));
@@ -21,7 +21,7 @@ struct Gaps {
     int longest = 0;
 
     void block(double blockPeak) {
-        running = blockPeak < kSilence ? running + 1 : 0;
+        running = blockPeak < silenceBelow ? running + 1 : 0;
         longest = std::max(longest, running);
     }
 };
@@ -76,10 +76,10 @@ HeardTune listen(const std::string& path) {
     double largest = 0.0;
     double energy = 0.0;
     double sum = 0.0;
-    std::vector<float> block(kBlock * 2);
+    std::vector<float> block(blockLength * 2);
     while (player.position() < total) {
         const auto frames = static_cast<std::size_t>(
-            std::min<std::int64_t>(static_cast<std::int64_t>(kBlock), total - player.position()));
+            std::min<std::int64_t>(static_cast<std::int64_t>(blockLength), total - player.position()));
         player.render(block.data(), frames);
         double blockPeak = 0.0;
         for (std::size_t i = 0; i < frames * 2; ++i) {
@@ -94,7 +94,7 @@ HeardTune listen(const std::string& path) {
     const double samples = 2.0 * static_cast<double>(std::max<std::int64_t>(total, 1));
     heard.peak = decibels(largest);
     heard.loudness = decibels(std::sqrt(energy / samples));
-    heard.longestGap = gaps.longest * static_cast<double>(kBlock) / soundRate;
+    heard.longestGap = gaps.longest * static_cast<double>(blockLength) / soundRate;
     heard.offset = sum / samples;
     SyncCommand command{};
     while (player.takeSync(total - 1, command)) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "art/score.h"
+#include "art/tune_harmony.h"
 #include "art/tune_instruments.h"
 
 // The vocabulary in which the two tunes are written: drums as step strings, chords by name, lines as words.
@@ -32,20 +33,12 @@ constexpr int texture = 19;
 constexpr int count = 20;
 } // namespace channel
 
-// A chord as "Dm9", "Bbmaj7", "Gm/A": pitch classes 0 (C) to 11 of its four upper voices and of its bass.
-struct Chord {
-    std::vector<int> tones;
-    int bass;
-};
-Chord parseChord(const std::string& name);
-
 // One section of a score, written in bars and rows from its start. Whatever falls past its end is left out.
 class Stage {
   public:
     Stage(Score& target, const std::string& section);
 
     int rows() const { return rowCount; }
-    int bars() const { return rowCount / kBar; }
     // Rows at which the section's sync commands of that value stand: what is heard there is written from the table.
     std::vector<int> rowsOf(int syncValue) const;
 
@@ -72,7 +65,6 @@ class Stage {
         std::string hat;
         std::string open;
         Sound kickSound = Sound::kick;
-        Sound snareSound = Sound::snare;
     };
     void drums(const Kit& kit, int bar, int bars);
     // Ends a bar with a fill in its last rows: snares that thicken, or toms that fall.
@@ -97,10 +89,10 @@ class Stage {
     void pads(const Harmony& harmony, int bar, int volume, Sound left = Sound::padLeft, Sound right = Sound::padRight,
               int floor = 46);
     // Lowers the pads on each beat and lets them swell until the next.
-    void pump(int bar, int bars, int volume, int everyRows = kBeat);
+    void pump(int bar, int bars, int volume, int everyRows = beatRows);
     // Short chords on the stab channel and the pad voices, at the steps.
     void stabs(const Harmony& harmony, const std::string& steps, int bar, int bars, int volume, int floor = 49);
-    // The chord's bass note at the steps; octave jumps where the step is lower than 5.
+    // The chord's bass note at the steps, an octave up where the step is lower than 5; '=' lets go.
     void bassLine(const Harmony& harmony, int channelNumber, Sound sound, const std::string& steps, int bar, int bars,
                   int volume, int floor = 18);
     // Arpeggio over the chord tones, two octaves: letters a to h pick a tone from below, '.' rests. The echo channel
@@ -109,7 +101,7 @@ class Stage {
                   int floor = 61);
     // Words "A5:6" (note, rows), "-:4" rests, from a row on. Echoes follow on the two echo channels. The solo glides
     // from note to note.
-    void line(const std::string& words, Sound sound, int row, int volume, bool echoes = true);
+    void line(const std::string& words, Sound sound, int row, int volume);
     // The same on one channel of choice, without echoes.
     void voice(const std::string& words, Sound sound, int channelNumber, int row, int volume);
 

@@ -6,18 +6,18 @@
 namespace lumenfold::art {
 namespace {
 
-constexpr double kUnitsPerSecond = 15.68; // demo time
-constexpr int kTicksPerRow = 6;
+constexpr double unitsPerSecond = 15.68; // demo time
+constexpr int ticksPerRow = 6;
 
-constexpr int kSlow = 136;
-constexpr int kFast = 140;
+constexpr int slowTempo = 136;
+constexpr int fastTempo = 140;
 
 // Sync commands of one value at several rows of a bar, repeated over bars.
 std::vector<SyncEvent> onBars(int value, int firstBar, int bars, int everyBars, const std::vector<int>& rows) {
     std::vector<SyncEvent> events;
     for (int bar = firstBar; bar < firstBar + bars; bar += everyBars) {
         for (const int row : rows) {
-            events.push_back({bar * kBar + row, value});
+            events.push_back({bar * barRows + row, value});
         }
     }
     return events;
@@ -32,7 +32,7 @@ std::vector<SyncEvent> joined(std::initializer_list<std::vector<SyncEvent>> list
 }
 
 std::vector<SyncEvent> single(int bar, int row, int value) {
-    return {{bar * kBar + row, value}};
+    return {{bar * barRows + row, value}};
 }
 
 // The driver zeroes every flag when part 1, 2 or 3 ends and when part 4 switches, so no flag stands in those rows.
@@ -42,40 +42,40 @@ std::vector<Section> buildDemo() {
     std::vector<Section> sections;
     // Seven rows of breath and ten bars of drone until the dissolve, thirteen bars under the logo: black again just
     // before the hall, whose fourteen bars end on the picture.
-    sections.push_back({"1 breath", 7, kSlow, next});
-    sections.push_back({"1 tunnel", 10 * kBar, kSlow, {}});
-    sections.push_back({"1 logo", 13 * kBar, kSlow, single(0, 0, dissolve)});
-    sections.push_back({"1 hall", 14 * kBar, kSlow, single(0, 0, hall)});
-    sections.push_back({"2 ring", 20 * kBar, kSlow,
+    sections.push_back({"1 breath", 7, slowTempo, next});
+    sections.push_back({"1 tunnel", 10 * barRows, slowTempo, {}});
+    sections.push_back({"1 logo", 13 * barRows, slowTempo, single(0, 0, dissolve)});
+    sections.push_back({"1 hall", 14 * barRows, slowTempo, single(0, 0, hall)});
+    sections.push_back({"2 ring", 20 * barRows, slowTempo,
                         joined({next, onBars(pulse, 4, 4, 1, {0}), onBars(pulse, 8, 4, 1, {0, 10}),
                                 onBars(pulse, 12, 7, 1, {0, 4, 8, 12}), single(19, 0, pulse), single(19, 6, pulse),
                                 single(19, 12, pulse)})});
-    sections.push_back({"2 cube", 4 * kBar, kFast, single(0, 0, swap)});
+    sections.push_back({"2 cube", 4 * barRows, fastTempo, single(0, 0, swap)});
     sections.push_back(
-        {"3 bodies", 20 * kBar, kFast,
+        {"3 bodies", 20 * barRows, fastTempo,
          joined({next, onBars(hit, 0, 4, 1, {8}), single(4, 0, swap), onBars(hit, 4, 4, 1, {4, 12}), single(8, 0, swap),
                  onBars(hit, 8, 4, 1, {4, 12}), single(12, 0, swap), onBars(hit, 12, 4, 1, {4, 7, 12}),
                  single(16, 0, swap), onBars(hit, 16, 1, 1, {4, 12}), single(17, 4, fadeOut)})});
     sections.push_back(
-        {"4 twin tunnels", 16 * kBar, kFast,
+        {"4 twin tunnels", 16 * barRows, fastTempo,
          joined({next, onBars(hit, 2, 6, 2, {0}), onBars(hit, 8, 4, 1, {0, 8}), onBars(hit, 12, 3, 1, {0, 4, 8, 12}),
                  single(15, 0, hit), single(15, 4, hit), single(15, 11, swap)})});
-    sections.push_back({"4 ray tunnel", 14 * kBar, kFast, joined({single(0, 0, pulse), single(13, 0, swap)})});
-    sections.push_back({"5 weld", 3 * kBar, kFast, next});
-    sections.push_back({"5 film", 4 * kBar + kBar / 2, kFast, single(0, 0, swap)});
-    sections.push_back({"6 water", 11 * kBar + kBeat, kFast,
+    sections.push_back({"4 ray tunnel", 14 * barRows, fastTempo, joined({single(0, 0, pulse), single(13, 0, swap)})});
+    sections.push_back({"5 weld", 3 * barRows, fastTempo, next});
+    sections.push_back({"5 film", 4 * barRows + barRows / 2, fastTempo, single(0, 0, swap)});
+    sections.push_back({"6 water", 11 * barRows + beatRows, fastTempo,
                         joined({next, single(2, 0, hit), single(4, 0, hit), single(6, 0, hit), single(6, 8, hit),
                                 single(7, 8, hit), single(8, 0, hit)})});
-    sections.push_back({"7 slime", 16 * kBar, kFast, next});
-    sections.push_back({"8 pane", 16 * kBar, kFast,
+    sections.push_back({"7 slime", 16 * barRows, fastTempo, next});
+    sections.push_back({"8 pane", 16 * barRows, fastTempo,
                         joined({next, onBars(hit, 0, 8, 1, {4, 12}), onBars(hit, 8, 7, 1, {4, 7, 12}),
                                 single(15, 0, hit), single(15, 3, hit), single(15, 6, hit)})});
-    sections.push_back({"9 tube", 16 * kBar, kFast,
+    sections.push_back({"9 tube", 16 * barRows, fastTempo,
                         joined({next, single(1, 0, hit), single(2, 0, hit), single(4, 0, hit), single(5, 8, hit),
                                 single(6, 8, hit), single(7, 8, hit), single(8, 0, hit), single(10, 0, hit),
                                 single(12, 0, hit), single(13, 0, hit), single(14, 0, hit), single(15, 0, hit)})});
-    sections.push_back({"10 finale", 18 * kBar, kFast, next});
-    sections.push_back({"ringing out", 4 * kBar, kFast, next});
+    sections.push_back({"10 finale", 18 * barRows, fastTempo, next});
+    sections.push_back({"ringing out", 4 * barRows, fastTempo, next});
     return sections;
 }
 
@@ -86,9 +86,9 @@ std::vector<Section> buildEnd() {
     std::vector<SyncEvent> counts;
     for (int part = firstCounted; part < lastCounted; ++part) {
         const int step = part - firstCounted; // two bells in each bar from the third bar on
-        counts.push_back({2 * kBar + step * kBar / 2, sync::advance});
+        counts.push_back({2 * barRows + step * barRows / 2, sync::advance});
     }
-    return {{"counting", 16 * kBar, tempo, counts}, {"body", 64 * kBar, tempo, {}}};
+    return {{"counting", 16 * barRows, tempo, counts}, {"body", 64 * barRows, tempo, {}}};
 }
 
 int countEvents(const std::vector<Section>& sections, const std::string& prefix, int value) {
@@ -140,7 +140,7 @@ double secondsAtRow(const std::vector<Section>& sections, int row, int outputRat
     double samples = 0.0;
     for (const Section& section : sections) {
         const int rows = row < section.rows ? row : section.rows;
-        samples += static_cast<double>(rows) * kTicksPerRow * (outputRate * 5 / (section.tempo * 2));
+        samples += static_cast<double>(rows) * ticksPerRow * (outputRate * 5 / (section.tempo * 2));
         row -= rows;
     }
     return samples / outputRate;
@@ -150,17 +150,17 @@ std::vector<TuneCheck> checkTimeline(int outputRate) {
     const auto& demo = demoSections();
     const auto& end = endSections();
     constexpr double frame = 1.0 / 60.0;
-    constexpr double frameUnits = frame * kUnitsPerSecond;
+    constexpr double frameUnits = frame * unitsPerSecond;
     const auto start = [&](const char* name) { return secondsAtRow(demo, firstRow(demo, name), outputRate); };
     const auto seconds = [&](const char* from, const char* to) { return start(to) - start(from); };
-    const auto units = [&](const char* from, const char* to) { return seconds(from, to) * kUnitsPerSecond; };
+    const auto units = [&](const char* from, const char* to) { return seconds(from, to) * unitsPerSecond; };
     const auto rowSeconds = [&](const char* name, int row) {
         return secondsAtRow(demo, firstRow(demo, name) + row, outputRate);
     };
     const auto count = [&](const char* prefix, int value) {
         return static_cast<double>(countEvents(demo, prefix, value));
     };
-    const double fadeUnits = (start("4 twin tunnels") - rowSeconds("3 bodies", 17 * kBar + 4)) * kUnitsPerSecond;
+    const double fadeUnits = (start("4 twin tunnels") - rowSeconds("3 bodies", 17 * barRows + 4)) * unitsPerSecond;
     int endRows = 0;
     for (const Section& section : end) {
         endRows += section.rows;
@@ -175,8 +175,8 @@ std::vector<TuneCheck> checkTimeline(int outputRate) {
         {"part 3: swaps", count("3", sync::swap), 1, 4, ""},
         {"part 3: fade before the end", fadeUnits, 72.5, 75.0, "units"},
         {"part 4: twin tunnels", seconds("4 twin tunnels", "4 ray tunnel"), 26.5, 28.0, "s"},
-        {"part 4: light before the switch", start("4 ray tunnel") - rowSeconds("4 twin tunnels", 15 * kBar + 11), 0.4,
-         0.65, "s"},
+        {"part 4: light before the switch", start("4 ray tunnel") - rowSeconds("4 twin tunnels", 15 * barRows + 11),
+         0.4, 0.65, "s"},
         {"part 4: ray tunnel", seconds("4 ray tunnel", "5 weld"), 20.0, 27.0, "s"},
         {"part 5", seconds("5 weld", "6 water"), 12.0, 14.0, "s"},
         {"part 5: weld and split", units("5 weld", "5 film"), 40.0, 100.0, "units"},

@@ -8,8 +8,8 @@
 
 namespace lumenfold::art {
 
-constexpr int kBar = 16; // rows
-constexpr int kBeat = 4;
+constexpr int barRows = 16; // rows
+constexpr int beatRows = 4;
 
 // Sync values as the demo understands them.
 namespace sync {

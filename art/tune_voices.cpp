@@ -10,11 +10,11 @@ using namespace synth;
 
 namespace {
 
-constexpr double kLowC = kMiddleC / 4.0; // C-2
+constexpr double lowC = middleC / 4.0; // C-2
 
 // Frequency of a whole number of cycles in a loop of that length.
 double hertzOf(double cycles, std::size_t length) {
-    return cycles * kSampleRate / static_cast<double>(length);
+    return cycles * sampleRate / static_cast<double>(length);
 }
 
 double random(std::uint32_t seed, int index) {
@@ -36,7 +36,7 @@ Samples foldedBass() {
     const double gains[3] = {0.8, 1.0, 0.8};
     for (int voice = 0; voice < 3; ++voice) {
         for (int h = 1; h < 90; ++h) {
-            const double hertz = h * kLowC;
+            const double hertz = h * lowC;
             const double ratio = hertz / 2400.0;
             const double d = (hertz - 620.0) / 160.0;
             const double amplitude = gains[voice] / power(h, 0.85) / std::sqrt(1.0 + ratio * ratio * ratio * ratio) *
@@ -56,8 +56,8 @@ Samples growl() {
     Samples sound = render(0.85, [](double t) {
         const double depth =
             0.25 + 1.1 * exponential(-power((t - 0.13) / 0.12, 2.0) * (t > 0.13 ? 1.0 : 0.0)) * std::min(1.0, t / 0.09);
-        const double modulator = cycleSine(kLowC * t) + 0.5 * cycleSine(2.0 * kLowC * t + 0.2);
-        return cycleSine(kLowC * t + depth * modulator) + 0.6 * cycleSine(kLowC * t);
+        const double modulator = cycleSine(lowC * t) + 0.5 * cycleSine(2.0 * lowC * t + 0.2);
+        return cycleSine(lowC * t + depth * modulator) + 0.6 * cycleSine(lowC * t);
     });
     normalise(sound, 1.0);
     foldWith(sound, 2.2);
@@ -73,7 +73,7 @@ Samples cloudPad(std::size_t length, double detuneCents, double (*gain)(int harm
     LoopSpectrum spectrum(length);
     const double spread = power(2.0, detuneCents / 1200.0) - 1.0;
     for (int h = 1; h <= harmonics; ++h) {
-        const double hertz = kMiddleC * h;
+        const double hertz = middleC * h;
         spectrum.cloud(spectrum.cyclesOf(hertz), spectrum.cyclesOf(hertz) * spread, gain(h, hertz),
                        seed + static_cast<std::uint32_t>(h));
     }
@@ -105,30 +105,30 @@ double choirGain(int h, double hertz) {
 Samples drone() {
     LoopSpectrum spectrum(1 << 17);
     for (int h = 1; h <= 40; ++h) {
-        const double hertz = kLowC * h;
+        const double hertz = lowC * h;
         const double amplitude = 1.0 / power(h, 1.05) / (1.0 + power(hertz / 1500.0, 2.0)) * (0.5 + random(211, h));
         spectrum.cloud(spectrum.cyclesOf(hertz), 1.2 + 0.35 * h, amplitude, 220 + static_cast<std::uint32_t>(h));
     }
     const double metal[5] = {2.756, 5.404, 8.933, 13.34, 18.64};
     for (int i = 0; i < 5; ++i) {
-        spectrum.cloud(spectrum.cyclesOf(kLowC * metal[i]), 2.0, 0.10 / (1 + i * 0.4),
+        spectrum.cloud(spectrum.cyclesOf(lowC * metal[i]), 2.0, 0.10 / (1 + i * 0.4),
                        280 + static_cast<std::uint32_t>(i));
     }
     return spectrum.render();
 }
 
-constexpr std::size_t kLeadLength = 1 << 16;
-constexpr double kLeadCycles = 512.0;
+constexpr std::size_t leadLength = 1 << 16;
+constexpr double leadCycles = 512.0;
 
 // Seven saws spread over 24 cents.
 Samples lead() {
-    LoopSpectrum spectrum(kLeadLength);
+    LoopSpectrum spectrum(leadLength);
     for (int voice = -3; voice <= 3; ++voice) {
         for (int h = 1; h < 40; ++h) {
-            const double hertz = kMiddleC * h;
+            const double hertz = middleC * h;
             const double r = hertz / 4200.0;
             const double amplitude = (1.0 - 0.13 * std::abs(voice)) / h / std::sqrt(1.0 + r * r * r * r);
-            spectrum.partial((kLeadCycles + voice * 1.2) * h, amplitude, random(231, voice * 64 + h + 400));
+            spectrum.partial((leadCycles + voice * 1.2) * h, amplitude, random(231, voice * 64 + h + 400));
         }
     }
     return spectrum.render();
@@ -151,9 +151,9 @@ Samples solo() {
 Samples glass() {
     Samples sound = render(0.75, [](double t) {
         const double depth = 0.51 * exponential(-t / 0.07) + 0.055;
-        return (cycleSine(kMiddleC * t + depth * cycleSine(kMiddleC * 2.0 * t) +
-                          0.064 * exponential(-t / 0.02) * cycleSine(kMiddleC * 7.01 * t)) +
-                0.25 * cycleSine(kMiddleC * 4.0 * t) * exponential(-t / 0.05)) *
+        return (cycleSine(middleC * t + depth * cycleSine(middleC * 2.0 * t) +
+                          0.064 * exponential(-t / 0.02) * cycleSine(middleC * 7.01 * t)) +
+                0.25 * cycleSine(middleC * 4.0 * t) * exponential(-t / 0.05)) *
                exponential(-t / 0.20) * std::min(1.0, t / 0.001);
     });
     return withRoom(sound, 0.8, 0.22, 5000.0, 241);
@@ -162,9 +162,9 @@ Samples glass() {
 Samples bell() {
     Samples sound = render(1.9, [](double t) {
         const double depth = 0.35 * exponential(-t / 0.5);
-        return (cycleSine(kMiddleC * t + depth * cycleSine(kMiddleC * 3.5 * t)) +
-                0.4 * cycleSine(kMiddleC * 2.756 * t) * exponential(-t / 0.25) +
-                0.3 * cycleSine(kMiddleC * 2.0 * t + 0.1 * cycleSine(kMiddleC * 5.0 * t))) *
+        return (cycleSine(middleC * t + depth * cycleSine(middleC * 3.5 * t)) +
+                0.4 * cycleSine(middleC * 2.756 * t) * exponential(-t / 0.25) +
+                0.3 * cycleSine(middleC * 2.0 * t + 0.1 * cycleSine(middleC * 5.0 * t))) *
                exponential(-t / 0.62) * std::min(1.0, t / 0.0015);
     });
     sound = withRoom(sound, 1.3, 0.30, 4200.0, 251);
@@ -176,7 +176,7 @@ Samples stab() {
     Samples sound(sampleCount(0.5), 0.0);
     for (int voice = -1; voice <= 1; ++voice) {
         for (int h = 1; h < 32; ++h) {
-            const double hertz = kMiddleC * (1.0 + 0.004 * voice) * h;
+            const double hertz = middleC * (1.0 + 0.004 * voice) * h;
             const double phase = random(261, voice * 40 + h + 100);
             add(sound, render(0.5, [&](double t) {
                     return cycleSine(hertz * t + phase) / h * exponential(-t * (5.0 + 0.55 * h));
@@ -215,7 +215,7 @@ XmInstrument withVibrato(XmInstrument instrument, int depth, int rate, int sweep
 XmInstrument pad(const char* name, std::uint32_t seed, int panning) {
     constexpr std::size_t length = 1 << 16;
     const Samples loop = dense(cloudPad(length, 38.0, padGain, 25, seed), 1.9);
-    return withEnvelope(seamless(name, loop, kMiddleC, 0.85, panning), 8, 24, 58, 1100);
+    return withEnvelope(seamless(name, loop, middleC, 0.85, panning), 8, 24, 58, 1100);
 }
 
 } // namespace
@@ -237,16 +237,16 @@ XmInstrument tonal(Sound sound) {
     case Sound::padRight:
         return pad("petrol pad, right", 340, 240);
     case Sound::air:
-        return withEnvelope(seamless("air", dense(cloudPad(length, 22.0, airGain, 24, 380), 1.5), kMiddleC, 0.6, 220),
+        return withEnvelope(seamless("air", dense(cloudPad(length, 22.0, airGain, 24, 380), 1.5), middleC, 0.6, 220),
                             40, 24, 60, 500);
     case Sound::choir: {
         const Samples loop = dense(cloudPad(length, 30.0, choirGain, 14, 420), 1.6);
-        return withVibrato(withEnvelope(seamless("choir", loop, kMiddleC, 0.85, 40), 18, 24, 60, 700), 3, 36, 40);
+        return withVibrato(withEnvelope(seamless("choir", loop, middleC, 0.85, 40), 18, 24, 60, 700), 3, 36, 40);
     }
     case Sound::drone:
-        return withEnvelope(halved(seamless("drone", dense(drone(), 1.7), kLowC, 0.6)), 70, 24, 64, 300);
+        return withEnvelope(halved(seamless("drone", dense(drone(), 1.7), lowC, 0.6)), 70, 24, 64, 300);
     case Sound::lead: {
-        XmInstrument bright = seamless("ice lead", dense(lead(), 1.6), hertzOf(kLeadCycles, kLeadLength), 0.8);
+        XmInstrument bright = seamless("ice lead", dense(lead(), 1.6), hertzOf(leadCycles, leadLength), 0.8);
         return withVibrato(withEnvelope(std::move(bright), 1, 20, 46, 1600), 4, 40, 60);
     }
     case Sound::solo: {

@@ -21,9 +21,9 @@ struct XmCell {
     }
 };
 
-constexpr std::uint8_t kXmKeyOff = 97;
-constexpr std::uint8_t kXmSetTempo = 0x0F;
-constexpr std::uint8_t kXmSync = 0x20; // shown as W; players report its parameter and do nothing else
+constexpr std::uint8_t xmKeyOff = 97;
+constexpr std::uint8_t xmSetTempo = 0x0F;
+constexpr std::uint8_t xmSync = 0x20; // shown as W; players report its parameter and do nothing else
 
 // Rows of cells, row-major, the song's channel count wide.
 struct XmPattern {

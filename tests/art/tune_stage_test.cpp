@@ -10,7 +10,7 @@ namespace lumenfold::art {
 namespace {
 
 std::vector<Section> oneSection(int bars) {
-    return {{"only", bars * kBar, 140, {}}};
+    return {{"only", bars * barRows, 140, {}}};
 }
 
 TEST(Stage, ChordsByName) {
@@ -24,7 +24,7 @@ TEST(Stage, ChordsByName) {
 TEST(Stage, PadsOpenHalfStepsIntoSevenths) {
     Score score(oneSection(2), channel::count);
     Stage stage(score, "only");
-    stage.pads({"Bbmaj7", kBar}, 0, 40);
+    stage.pads({"Bbmaj7", barRows}, 0, 40);
     const int expected[4] = {47, 51, 54, 58}; // B flat, D, F, A
     for (int voice = 0; voice < channel::padVoices; ++voice) {
         EXPECT_EQ(score.cell(0, channel::pad + voice).note, expected[voice]);
@@ -34,10 +34,10 @@ TEST(Stage, PadsOpenHalfStepsIntoSevenths) {
 TEST(Stage, FiguresFollowTheTurnFromTheSectionsStart) {
     Score score(oneSection(4), channel::count);
     Stage stage(score, "only");
-    stage.bassLine({"C D E F", kBar}, channel::bass, Sound::bass, "9...............", 2, 2, 40);
-    EXPECT_EQ(score.cell(kBar, channel::bass).note, 0);
-    EXPECT_EQ((score.cell(2 * kBar, channel::bass).note - 1) % 12, 4);
-    EXPECT_EQ((score.cell(3 * kBar, channel::bass).note - 1) % 12, 5);
+    stage.bassLine({"C D E F", barRows}, channel::bass, Sound::bass, "9...............", 2, 2, 40);
+    EXPECT_EQ(score.cell(barRows, channel::bass).note, 0);
+    EXPECT_EQ((score.cell(2 * barRows, channel::bass).note - 1) % 12, 4);
+    EXPECT_EQ((score.cell(3 * barRows, channel::bass).note - 1) % 12, 5);
 }
 
 TEST(Stage, LinesLetSustainedSoundsGoAndTailsRing) {
@@ -45,7 +45,7 @@ TEST(Stage, LinesLetSustainedSoundsGoAndTailsRing) {
     Stage stage(score, "only");
     stage.voice("C5:4 D5:4", Sound::lead, channel::lead, 0, 40);
     stage.voice("C5:4 D5:4", Sound::bell, channel::texture, 0, 40);
-    EXPECT_EQ(score.cell(8, channel::lead).note, kXmKeyOff);
+    EXPECT_EQ(score.cell(8, channel::lead).note, xmKeyOff);
     EXPECT_EQ(score.cell(8, channel::texture).note, 0);
 }
 
@@ -77,12 +77,12 @@ TEST(Instruments, NoneClicks) {
 TEST(Tunes, StayWithinTheirChannelsAndReturnToTheirBody) {
     const XmSong demo = demoTune();
     EXPECT_EQ(demo.channels, channel::count);
-    EXPECT_EQ(demo.patterns[demo.order[0]].cells[0].effect, kXmSync);
+    EXPECT_EQ(demo.patterns[demo.order[0]].cells[0].effect, xmSync);
     EXPECT_LT(demo.patterns[demo.order[0]].cells[0].parameter, 32);
     const XmSong end = endTune();
     for (std::size_t i = static_cast<std::size_t>(end.restart); i < end.order.size(); ++i) {
         for (const XmCell& cell : end.patterns[end.order[i]].cells) {
-            EXPECT_NE(cell.effect, kXmSync);
+            EXPECT_NE(cell.effect, xmSync);
         }
     }
 }

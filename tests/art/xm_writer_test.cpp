@@ -44,7 +44,7 @@ XmSong smallSong() {
     return song;
 }
 
-constexpr std::size_t kPatternAt = 60 + 276;
+constexpr std::size_t patternAt = 60 + 276;
 
 TEST(XmWriter, HeaderCountsWhatFollows) {
     XmSong song = smallSong();
@@ -66,15 +66,15 @@ TEST(XmWriter, HeaderCountsWhatFollows) {
 TEST(XmWriter, PacksOnlyTheFieldsThatAreSet) {
     const Bytes bytes = writeXm(smallSong());
     const Bytes expected{0x80 | 31, 49, 1, 0x50, 0x20, 0x01, 0x80, 0x80, 0x80 | 24, 0x20, 0x25};
-    ASSERT_EQ(u32(bytes, kPatternAt), 9);
-    EXPECT_EQ(u16(bytes, kPatternAt + 5), 2);
-    ASSERT_EQ(u16(bytes, kPatternAt + 7), static_cast<int>(expected.size()));
-    EXPECT_EQ(Bytes(bytes.begin() + kPatternAt + 9, bytes.begin() + kPatternAt + 9 + 11), expected);
+    ASSERT_EQ(u32(bytes, patternAt), 9);
+    EXPECT_EQ(u16(bytes, patternAt + 5), 2);
+    ASSERT_EQ(u16(bytes, patternAt + 7), static_cast<int>(expected.size()));
+    EXPECT_EQ(Bytes(bytes.begin() + patternAt + 9, bytes.begin() + patternAt + 9 + 11), expected);
 }
 
 TEST(XmWriter, SamplesAreDifferencesThatWrap) {
     const Bytes bytes = writeXm(smallSong());
-    const std::size_t sample = kPatternAt + 9 + 11 + 263;
+    const std::size_t sample = patternAt + 9 + 11 + 263;
     EXPECT_EQ(u32(bytes, sample), 6);
     EXPECT_EQ(u32(bytes, sample + 4), 2);
     EXPECT_EQ(u32(bytes, sample + 8), 4);
@@ -115,7 +115,7 @@ TEST(Score, CutsAtSectionsAndStoresEqualPatternsOnce) {
     EXPECT_EQ(song.patterns[2].rows, 16);
     EXPECT_EQ(song.patterns[2].cells[3].instrument, 1); // the first one, which nothing plays, is gone
     EXPECT_EQ(song.instruments.size(), 1U);
-    EXPECT_EQ(song.patterns[4].cells[3 * 4].effect, kXmSync);
+    EXPECT_EQ(song.patterns[4].cells[3 * 4].effect, xmSync);
     EXPECT_EQ(song.patterns[4].cells[3 * 4].parameter, sync::hit);
 }
 

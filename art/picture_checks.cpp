@@ -1,5 +1,6 @@
 #include "art/checks.h"
 #include "art/picture_file.h"
+#include "art/recipe.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -166,8 +167,15 @@ std::string fault(const PictureRule& rule, const std::string& path) {
 } // namespace
 
 std::vector<Finding> checkPictures(const std::string& folder) {
+    std::vector<PictureRule> rules(std::begin(pictureRules), std::end(pictureRules));
+    for (const Recipe& recipe : textureRecipes()) { // textures without a rule of their own
+        const auto sameName = [&](const PictureRule& rule) { return std::string(rule.fileName) == recipe.fileName; };
+        if (std::none_of(rules.begin(), rules.end(), sameName)) {
+            rules.push_back({recipe.fileName, textureSide, textureSide, 0});
+        }
+    }
     std::vector<Finding> findings;
-    for (const PictureRule& rule : pictureRules) {
+    for (const PictureRule& rule : rules) {
         std::string text;
         try {
             text = fault(rule, folder + "/" + rule.fileName);

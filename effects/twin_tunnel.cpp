@@ -56,8 +56,6 @@ struct State {
 
 void init(FrameInfo info, float time) {
     state = State{};
-    warpOffset = 0;
-    sharedDepthBias = 0.0F;
     buildTwinTunnelGrid(warpGrid, state.tunnelClock, false, time);
     state.lightSpot.resize(lightSpotSide * lightSpotSide);
     paintLightSpot(state.lightSpot.data());

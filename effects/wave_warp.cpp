@@ -27,7 +27,6 @@ struct State {
 
 void init(FrameInfo info, float time) {
     state = State{};
-    warpOffset = 0; // shared with the twin tunnel; nothing has been drawn yet
     state.flow = getTexture("petrolenv.jpg");
     state.slime = getTexture("slem4.jpg");
     state.quadLayer.resize(pixelCount(info));

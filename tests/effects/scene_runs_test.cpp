@@ -17,7 +17,9 @@
 #include "core/random.h"
 #include "core/sync_state.h"
 #include "effects/picture.h"
+#include "effects/warp.h"
 #include "render/depth_buffer.h"
+#include "render/scene.h"
 
 #include <gtest/gtest.h>
 
@@ -51,6 +53,8 @@ const Named scenes[] = {{"tunnelOpening", tunnelOpening},
 
 void loadAll() {
     resetRand();
+    warpOffset = 0;
+    sharedDepthBias = 0.0F;
     textureCache.open();
     syncState.zero();
     for (const Named& scene : scenes)

@@ -5,7 +5,9 @@
 #include "core/random.h"
 #include "core/sync_state.h"
 #include "effects/frame_size.h"
+#include "effects/warp.h"
 #include "render/depth_buffer.h"
+#include "render/scene.h"
 
 #include <gtest/gtest.h>
 
@@ -40,6 +42,8 @@ class ShowScenes : public testing::Test {
         textureCache.open();
         syncState.zero();
         resetRand();
+        warpOffset = 0;
+        sharedDepthBias = 0.0F;
         for (const Effect scene : scenes)
             scene(show, EffectCommand::Init, nullptr, 0.0F);
         allocateDepthBuffer(show.width, show.height);

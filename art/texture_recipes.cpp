@@ -24,6 +24,10 @@ std::vector<Recipe> textureRecipes() {
         {"ripple.jpg", true, makeRipples},
         {"fire1.jpg", true, makeFire},
         {"coral1.jpg", true, makeCoral},
+        {"tunbay1.jpg", true, makeTunnelBay},
+        {"tunbay2.jpg", true, makeTunnelBayTurned},
+        {"lamps.jpg", true, makeLampBands},
+        {"medal1.jpg", true, makeMedallion},
         {"plate1.jpg", true, makeNameplate},
         {"film1.jpg", true, makeFilmStrip},
     };

@@ -31,6 +31,12 @@ void makeRipples(const std::string& path);
 void makeFire(const std::string& path);
 void makeCoral(const std::string& path);
 
+void makeTunnelBay(const std::string& path);
+void makeTunnelBayTurned(const std::string& path);
+void makeLampBands(const std::string& path);
+void makeMedallion(const std::string& path);
+void makeDawn(const std::string& path);
+
 void makeNameplate(const std::string& path);
 void makeFilmStrip(const std::string& path);
 

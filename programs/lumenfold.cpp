@@ -2,6 +2,23 @@
 
 #include "driver/run.h"
 
+#include <filesystem>
+#include <system_error>
+
+namespace {
+
+// The assets are read from the working directory. Where there is no show, an installed one takes its place.
+void findShow() {
+    const char* const tune = "bzzzz.xm";
+    const std::filesystem::path installed = LUMENFOLD_SHOW_FOLDER;
+    std::error_code error;
+    if (!std::filesystem::exists(tune, error) && std::filesystem::exists(installed / tune, error))
+        std::filesystem::current_path(installed, error);
+}
+
+} // namespace
+
 int main() {
+    findShow();
     return lumenfold::enterProgram();
 }

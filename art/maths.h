@@ -85,11 +85,12 @@ inline float angleOf(float y, float x) {
     return static_cast<float>(trig::atan2(y, x));
 }
 
-// The point (x, y) turned about the origin, counter-clockwise for x right and y up.
 struct Point2 {
     float x = 0;
     float y = 0;
 };
+
+// The point (x, y) turned about the origin, counter-clockwise for x right and y up.
 inline Point2 turned(float x, float y, float angle) {
     const float c = cosine(angle);
     const float s = sine(angle);

@@ -19,8 +19,8 @@ class Relief {
     // Unit normal, x right, y down, z towards the viewer. depth: how high 1 stands, in units of the whole side.
     Vec3 normal(int x, int y, float depth) const;
 
-    // Darkness of hollows: 0 where the surroundings are not higher, growing with their mean height. From a blurred
-    // copy of the heights; reach in grid squares.
+    // The heights under a Gaussian blur, reach in grid squares: softer shapes, or the level around a place, against
+    // which hollows and crests are told.
     Relief lowPass(float reach) const;
 
   private:

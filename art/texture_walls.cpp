@@ -172,7 +172,7 @@ void makeHallStone(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {2, 0.10F, 10, 0.10F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.35F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.1F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

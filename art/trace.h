@@ -68,9 +68,4 @@ Colour trace(const World& world, const Ray& ray, std::uint32_t seed);
 // The whole picture with samples x samples rays per pixel.
 Picture photograph(const World& world, const Camera& camera, int width, int height, int samples);
 
-// Height field y = height(x, z) as a distance: steepness is the largest slope that occurs.
-inline float heightDistance(float y, float height, float steepness) {
-    return (y - height) / std::sqrt(1 + steepness * steepness);
-}
-
 } // namespace lumenfold::art

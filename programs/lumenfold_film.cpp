@@ -4,6 +4,7 @@
 #include "driver/error_text.h"
 #include "driver/show.h"
 #include "programs/film_show.h"
+#include "programs/show_folder.h"
 
 #include <cstdio>
 #include <exception>
@@ -41,12 +42,13 @@ bool holdsShow(const std::filesystem::path& folder) {
 void enterShowFolder(const std::string& asked) {
     std::filesystem::path folder = asked;
     if (asked.empty())
-        for (const char* candidate : {"show", ".", LUMENFOLD_SHOW_FOLDER})
+        for (const std::filesystem::path& candidate :
+             {std::filesystem::path("show"), std::filesystem::path("."), lumenfold::installedShow()})
             if (folder.empty() && holdsShow(candidate))
                 folder = candidate;
     if (folder.empty())
-        throw std::runtime_error("the show's files are not in ./show, in this folder or in " LUMENFOLD_SHOW_FOLDER
-                                 "; --show FOLDER names their place");
+        throw std::runtime_error("the show's files are not in ./show, in this folder or in " +
+                                 lumenfold::installedShow().string() + "; --show FOLDER names their place");
     std::error_code error;
     std::filesystem::current_path(folder, error);
     if (error)

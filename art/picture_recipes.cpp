@@ -8,6 +8,8 @@ std::vector<Recipe> pictureRecipes() {
         {"skum3.jpg", false, makeLiquidFolds},
         {"morph3.jpg", false, makeMachineCore},
         {"bkfire.jpg", false, makeFireWreath},
+        {"svampbak.jpg", false, makeSpongeCavern},
+        {"part3bak.jpg", false, makeRingGallery},
     };
 }
 

@@ -1,45 +1,22 @@
-// The flight: landscape tube, water and aircraft.
+// The water under the flight, and the aircraft that comes up the cave.
 
-#include "art/isosurface.h"
+#include "art/dressing.h"
 #include "art/objects.h"
 #include "art/shapes.h"
-#include "core/trig.h"
 
-#include <cmath>
+#include <array>
+#include <utility>
 
 namespace lumenfold::art {
 
-Model makeLandscape() {
-    std::vector<std::vector<Point>> rings;
-    for (int i = 0; i <= 56; ++i) {
-        const double z = -82 + i * 2.0;
-        rings.emplace_back();
-        for (int k = 0; k < 32; ++k) {
-            const double angle = -k * 0.19634954;
-            const double bulge = 1.2 * trig::sin(z * 0.31 + 2 * angle) + 1.0 * trig::sin(z * 0.17 - 5 * angle);
-            const double radius = 13 + bulge + (i == 0 || i == 56 ? -13.9 : 0);
-            const double r = i == 0 || i == 56 ? 0.01 : radius;
-            rings.back().push_back({10 + trig::cos(angle) * r * 1.15, 2 + trig::sin(angle) * r * 0.75, z});
-        }
-    }
-    Model model;
-    model.addSurface({"unused", {}, {}, {}});
-    addSkin(model, rings, 0);
-    if (dot(model.normal(model.triangles[640]), Point{10, 2, -40} - model.centroid(model.triangles[640])) < 0)
-        model.flip();
-    const DirectionalSurfaces s = addTiledSurfaces(model, "rock", "slem4.jpg", 9.0, {10, 2, 0});
-    model.assignByDirection(s.x, s.y, s.z, 0);
-    return model;
-}
-
 Model makeWater() {
     Model model;
-    model.addSurface({"water", {47, 183, 168}, {{"cell1.jpg", Axis::Y, {10, 0, 0}, {14, 14, 14}}}, {}});
+    addSurface(model, "water", tiledMap("ripple.jpg", Axis::Y, {10, 0, 0}, {11, 1, 11}));
     std::vector<std::vector<Point>> rows;
-    for (int i = 0; i <= 22; ++i) {
+    for (int i = 0; i <= 44; ++i) {
         rows.emplace_back();
-        for (int k = 0; k <= 6; ++k)
-            rows.back().push_back({-5 + k * 5.0, 0, -80 + i * 5.0});
+        for (int k = 0; k <= 12; ++k)
+            rows.back().push_back({-8 + k * 3.0, 0, -80 + i * 2.5});
     }
     addSheet(model, rows, 0);
     if (model.normal(model.triangles[0]).y < 0)
@@ -47,32 +24,87 @@ Model makeWater() {
     return model;
 }
 
+namespace {
+
+// Adds a face whose front looks along the hint.
+void addFace(Model& model, const std::vector<Point>& corners, Point hint, std::uint32_t surface) {
+    std::vector<std::uint32_t> index;
+    for (const Point& p : corners)
+        index.push_back(model.addPoint(p));
+    for (std::size_t i = 1; i + 1 < index.size(); ++i) {
+        model.addTriangle(index[0], index[i], index[i + 1], surface);
+        if (dot(model.normal(model.triangles.back()), hint) < 0)
+            std::swap(model.triangles.back().corners[1], model.triangles.back().corners[2]);
+    }
+}
+
+} // namespace
+
+// A faceted wing of 8.4 units, nose to +z: dark plates, rims of ice along the leading edges. The second surface is
+// added light: canopy slit, intakes, and the flare behind the engines.
 Model makeAircraft() {
     Model model;
-    model.addSurface({"hull", {11, 42, 51}, {{"petrolenv.jpg", Axis::Y, {}, {9, 9, 9}}}, {}});
-    model.addSurface({"glow", {255, 138, 30}, {{"bfs1x.jpg", Axis::Z, {}, {1, 1, 1}}}, {}});
-    model.surfaces[1].colourMap[0].image = "cell1.jpg";
-    const Point nose{0, 0, 3.2}, top{0, 0.8, -0.6}, tail{0, 0.25, -2.2}, belly{0, -0.35, -0.4};
-    for (int side = -1; side <= 1; side += 2) {
-        const Point tip{side * 4.0, -0.05, -2.4}, notch{side * 1.5, 0.05, -1.7}, shoulder{side * 1.1, 0.15, 0.6};
-        const auto face = [&](Point a, Point b, Point c, std::uint32_t surface) {
-            const std::uint32_t p = model.addPoint(a), q = model.addPoint(b), r = model.addPoint(c);
-            const Point n = cross(b - a, c - a);
-            const Point out = (a + b + c) * (1.0 / 3) - Point{0, 0.05, -0.6};
-            if (dot(n, out) > 0)
-                model.addTriangle(p, q, r, surface);
-            else
-                model.addTriangle(p, r, q, surface);
-        };
-        face(nose, shoulder, top, 0);
-        face(shoulder, tip, notch, 0);
-        face(shoulder, notch, top, 0);
-        face(top, notch, tail, 0);
-        face(nose, shoulder, belly, 0);
-        face(shoulder, tip, belly, 0);
-        face(tip, notch, belly, 0);
-        face(notch, tail, belly, 1);
+    const std::uint32_t hull = addSurface(model, "hull", tiledMap("hullpan.jpg", Axis::Y, {}, {3.2, 1, 3.2}));
+    const std::uint32_t glow = addSurface(model, "glow", {"glow1.jpg", Axis::Z, {0, 0.35, 0}, {13, 6.5, 1}});
+    const std::uint32_t rim = addSurface(model, "rim", lampMap(Lamp::teal, Axis::Z, 0.02, 0.30, 2.4));
+    const std::uint32_t slit = addSurface(model, "slit", lampMap(Lamp::amber, Axis::Z, 0.52, 0.35, 2));
+    const std::uint32_t side = addSurface(model, "side", tiledMap("hullpan.jpg", Axis::X, {}, {1, 2.2, 2.2}));
+    const Point up{0, 1, 0}, down{0, -1, 0}, ahead{0, 0, 1}, behind{0, 0, -1};
+    for (const double s : {-1.0, 1.0}) {
+        const auto at = [s](double x, double y, double z) { return Point{s * x, y, z}; };
+        const Point nose = at(0, 0.14, 3.6), noseLow = at(0, -0.08, 3.6);
+        const Point edge = at(1.6, 0.14, 1.5), edgeLow = at(1.6, -0.12, 1.5);
+        const Point tip = at(4.2, 0.07, -1.9), tipLow = at(4.2, -0.11, -1.9);
+        const Point front = at(0, 0.42, 2.1), brow = at(0, 0.62, 1.5), peak = at(0, 1.0, 0.2);
+        const Point cheek = at(0.42, 0.36, 1.75), temple = at(0.52, 0.55, 1.2), shoulder = at(0.95, 0.55, 0.1);
+        const std::array<Point, 4> rear = {at(0, 0.40, -1.7), at(1.0, 0.20, -2.6), at(2.2, 0.16, -1.3),
+                                           at(3.5, 0.06, -2.6)};
+        const std::array<Point, 4> rearLow = {at(0, -0.22, -1.7), at(1.0, -0.12, -2.6), at(2.2, -0.1, -1.3),
+                                              at(3.5, -0.08, -2.6)};
+        const Point keel = at(0, -0.50, 0.6);
+        for (const auto& face : {std::array<Point, 3>{nose, front, cheek},
+                                 {nose, cheek, edge},
+                                 {edge, cheek, temple},
+                                 {edge, temple, shoulder},
+                                 {brow, peak, temple},
+                                 {peak, shoulder, temple},
+                                 {peak, rear[0], shoulder},
+                                 {shoulder, rear[0], rear[1]},
+                                 {shoulder, rear[1], rear[2]},
+                                 {shoulder, rear[2], edge},
+                                 {edge, rear[2], rear[3]},
+                                 {edge, rear[3], tip}})
+            addFace(model, {face[0], face[1], face[2]}, up, hull);
+        addFace(model, {front, brow, temple, cheek}, up + ahead, slit);
+        for (const auto& face : {std::array<Point, 3>{noseLow, edgeLow, keel},
+                                 {edgeLow, rearLow[2], keel},
+                                 {keel, rearLow[2], rearLow[1]},
+                                 {keel, rearLow[1], rearLow[0]},
+                                 {edgeLow, tipLow, rearLow[3]},
+                                 {edgeLow, rearLow[3], rearLow[2]}})
+            addFace(model, {face[0], face[1], face[2]}, down, hull);
+        addFace(model, {nose, edge, edgeLow, noseLow}, at(0.5, 0, 1), rim);
+        addFace(model, {edge, tip, tipLow, edgeLow}, at(0.5, 0, 1), rim);
+        addFace(model, {tip, rear[3], rearLow[3], tipLow}, at(1, 0, -1), side);
+        for (std::size_t i = 0; i < 3; ++i)
+            addFace(model, {rear[i], rear[i + 1], rearLow[i + 1], rearLow[i]}, behind, rim);
+        // canted fins, seen from both sides
+        const Point fin[] = {at(0.95, 0.35, -0.9), at(1.75, 1.35, -2.3), at(1.65, 1.30, -2.7), at(1.05, 0.2, -2.5)};
+        addFace(model, {fin[0], fin[1], fin[2], fin[3]}, at(1, 0, 0), side);
+        addFace(model, {fin[0], fin[1], fin[2], fin[3]}, at(-1, 0, 0), side);
     }
+    // the flare behind the engines, seen from ahead, in pieces as the mapping is affine
+    std::vector<std::vector<Point>> rows;
+    for (int i = 0; i <= 6; ++i) {
+        rows.emplace_back();
+        for (int k = 0; k <= 12; ++k)
+            rows.back().push_back({-6.4 + k * 12.8 / 12, 0.35 - 3.2 + i * 6.4 / 6, -2.8});
+    }
+    const std::size_t first = model.triangles.size();
+    addSheet(model, rows, glow);
+    if (model.normal(model.triangles[first]).z < 0)
+        for (std::size_t i = first; i < model.triangles.size(); ++i)
+            std::swap(model.triangles[i].corners[1], model.triangles[i].corners[2]);
     model.weld(1e-4);
     return model;
 }

@@ -28,6 +28,9 @@ std::vector<Recipe> textureRecipes() {
         {"tunbay2.jpg", true, makeTunnelBayTurned},
         {"lamps.jpg", true, makeLampBands},
         {"medal1.jpg", true, makeMedallion},
+        {"cave1.jpg", true, makeCaveRock},
+        {"dawn1.jpg", true, makeDawn},
+        {"glow1.jpg", true, makeEngineGlow},
         {"plate1.jpg", true, makeNameplate},
         {"film1.jpg", true, makeFilmStrip},
     };

@@ -149,24 +149,71 @@ void makeMedallion(const std::string& path) {
     writeBitmap(path, developed(picture, {1.15F, true, 0.6F}));
 }
 
-// "dawn1.jpg": light beyond the end of the flight: an amber horizon under ice, mist towards the rim.
-void makeDawn(const std::string& path) {
-    Picture picture = texture(256, 2, [](float u, float v) -> Colour {
-        const float x = u - 0.5F;
-        const float y = v - 0.55F - 0.05F * -x; // the crease rises to the right
-        const float mist = fractalNoise({5 * u, 7 * v, 2}, 5, 621);
-        const float far = length(x, 1.1F * (v - 0.5F));
-        const float glow = smoothStep(0.52F, 0.05F, far + 0.10F * mist);
-        Colour light = mix(palette::ink, palette::petrol * 0.55F, saturate(glow * 1.4F));
-        light += palette::teal * (0.9F * bell(y + 0.10F, 0.16F) * glow * (0.8F + mist));
-        light += palette::ice * (1.2F * bell(y + 0.03F, 0.05F) * glow);
-        light += palette::amber * (1.6F * bell(y - 0.01F, 0.035F) * glow) +
-                 palette::ember * (0.6F * bell(y - 0.08F, 0.08F) * glow);
-        light += (palette::ice * 2.2F) * (bell(y, 0.006F) * glow);
-        return light * smoothStep(0.74F, 0.42F, far);
+// "cave1.jpg": dark rock in smooth folds, wet with light from above, embers from the side.
+void makeCaveRock(const std::string& path) {
+    const Relief heights = Relief(fine, [](float u, float v) {
+                               const float bend = 0.12F * fractalNoise({3 * u, 3 * v, 4}, 2, 631, {3, 3});
+                               const float fold = ridgedNoise({4 * u, 3 * (v + bend), 1}, 3, 632, {4, 3});
+                               return fold + 0.5F * fractalNoise({5 * u, 5 * v, 7}, 3, 633, {5, 5});
+                           }).lowPass(2.5F);
+    const Vec3 key = normalize({-0.40F, -0.72F, 0.45F});
+    const Vec3 rim = normalize({0.85F, 0.25F, 0.30F});
+    Picture picture = shadedRelief(256, heights, [&](int x, int y) {
+        const Vec3 normal = heights.normal(x, y, 0.075F);
+        const float deepness = smoothStep(0.15F, 0.85F, heights.at(x, y));
+        const float lit = saturate(dot(normal, key));
+        Colour light = mix(palette::ink, palette::petrol * 0.8F, deepness * (0.25F + 0.75F * lit));
+        light += palette::teal * (0.22F * power(lit, 5) * deepness);
+        light += palette::ice * (0.45F * power(saturate(dot(normal, normalize(key + Vec3{0, 0, 1}))), 60) * deepness);
+        light += mix(palette::ember, palette::amber, 0.35F) * (0.45F * power(saturate(dot(normal, rim)), 6));
+        return light;
     });
-    picture = withBloom(picture, {3, 0.12F, 16, 0.16F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.25F, true, 0.8F}));
+    picture = withBloom(picture, {2.5F, 0.12F, 10, 0.10F}, Edge::wrap);
+    writeBitmap(path, developed(picture, {1.25F, true, 0.6F}));
+}
+
+// "dawn1.jpg": daybreak beyond the ends of the flight, horizon at 0.58 of the height: a low sun on a crease of light.
+void makeDawn(const std::string& path) {
+    Picture picture = texture(256, 3, [](float u, float v) -> Colour {
+        const float above = 0.58F + 0.05F * (0.5F - u) - v; // the crease rises to the right
+        const float streaks = fractalNoise({3 * u, 14 * v, 2}, 5, 621);
+        const float fromSun = length(u - 0.44F, 1.2F * (above - 0.035F));
+        Colour light = palette::ink * 0.5F;
+        if (above > 0) {
+            light += palette::petrol * (0.65F * bell(above, 0.26F));
+            light += palette::teal * (0.75F * bell(above, 0.11F) * saturate(0.75F + 1.3F * streaks));
+            light += palette::ice * (0.45F * bell(above, 0.040F));
+            light += palette::amber * (1.2F * bell(fromSun, 0.10F) * saturate(0.8F + 0.9F * streaks));
+            light += palette::ember * (0.5F * bell(fromSun, 0.22F));
+            light += (palette::gold * 2.6F + palette::ice * 0.8F) * smoothStep(0.062F, 0.052F, fromSun);
+        } else {
+            const float trail = bell(u - 0.44F, 0.05F - 0.12F * above);
+            const float glitter = saturate(0.5F + 1.6F * fractalNoise({7 * u, 40 * v, 5}, 3, 622));
+            light += palette::petrol * (0.30F * bell(above, 0.12F));
+            light += (palette::amber * 1.3F + palette::gold * 0.4F) * (trail * glitter * bell(above, 0.22F));
+        }
+        light += (palette::ice * 1.8F + palette::teal * 0.6F) * (bell(above, 0.005F) * bell(u - 0.5F, 0.28F));
+        return light;
+    });
+    picture = withBloom(picture, {2.5F, 0.14F, 16, 0.18F}, Edge::clamp);
+    writeBitmap(path, developed(picture, {1.2F, true, 0.8F}));
+}
+
+// "glow1.jpg": the flare behind the aircraft's engines, added: two cores on a long streak, black at the rim.
+void makeEngineGlow(const std::string& path) {
+    Picture picture = texture(256, 3, [](float u, float v) -> Colour {
+        const float x = u - 0.5F;
+        const float y = v - 0.5F;
+        const float rim = smoothStep(0.48F, 0.22F, length(x, y));
+        const float core = bell(length(std::fabs(x) - 0.055F, 1.6F * y), 0.030F);
+        Colour light = (palette::amber * 1.5F + palette::gold * 0.7F) * core;
+        light += palette::amber * (0.40F * bell(length(x, 1.3F * y), 0.10F)) +
+                 palette::ember * (0.35F * bell(length(x, y), 0.18F));
+        light += palette::teal * (0.55F * bell(y, 0.012F) * bell(x, 0.20F)) +
+                 palette::ice * (0.8F * bell(y, 0.005F) * bell(x, 0.15F));
+        return light * rim;
+    });
+    writeBitmap(path, withTrueBlack(developed(picture, {1.1F, true, 0.6F}), 4));
 }
 
 } // namespace lumenfold::art

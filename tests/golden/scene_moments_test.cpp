@@ -1,0 +1,138 @@
+// Every scene alone, its flags scripted: all phases and what leads from one to the next. 30 frames a second, where the
+// show's own moments have 60.
+
+#include "golden_file.h"
+
+#include "programs/film_show.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace lumenfold::test {
+namespace {
+
+constexpr int fps = 30;
+constexpr double unitsPerSecond = 15.68;
+
+// Demo-time units from the scene's first frame.
+struct Moment {
+    int units;
+    const char* name;
+};
+
+struct Script {
+    const char* scene;
+    std::vector<film::ScriptedSync> syncs;
+    std::vector<Moment> moments; // in order of time
+};
+
+const Script scripts[] = {
+    {"tunnelOpening",
+     {{39, 288}, {36, 660}},
+     {{40, "fade-in"},
+      {150, "straight on"},
+      {320, "dissolve"},
+      {420, "logo blurred"},
+      {620, "fade-out"},
+      {690, "hall fades in"},
+      {900, "hall"},
+      {1020, "cross-fade"},
+      {1060, "picture"}}},
+    {"spriteRingCube",
+     {{32, 40}, {32, 80}, {59, 100}},
+     {{20, "ring grows"},
+      {41, "pulse"},
+      {60, "whole ring"},
+      {99, "after two pulses"},
+      {101, "cube appears"},
+      {115, "half turn"},
+      {145, "whole turn"},
+      {180, "held picture"}}},
+    {"tumblingShowcase",
+     {{37, 20}, {59, 80}, {59, 120}, {59, 160}, {59, 200}, {33, 240}, {33, 330}},
+     {{0, "begins"},
+      {21, "thrown"},
+      {60, "strip revealed"},
+      {100, "second"},
+      {140, "third"},
+      {180, "fourth"},
+      {220, "fifth"},
+      {270, "fade-out"},
+      {320, "black"},
+      {331, "fade-out again"}}},
+    {"twinTunnel",
+     {{37, 30}, {59, 100}, {32, 150}, {59, 260}},
+     {{20, "twin tunnel"},
+      {31, "pulse"},
+      {102, "light spot"},
+      {125, "light spot closes in"},
+      {151, "flash"},
+      {220, "ray tunnel"},
+      {261, "freeze"},
+      {290, "still"}}},
+    {"weldingFilm",
+     {{59, 45}},
+     {{5, "first sparks"},
+      {24, "seam"},
+      {28, "split"},
+      {44, "halves apart"},
+      {46, "film"},
+      {110, "film rolls"},
+      {140, "held picture"}}},
+    {"stealthFlight",
+     {{37, 50}, {37, 240}},
+     {{0, "first picture"}, {51, "shake"}, {150, "flight"}, {241, "shake in fade-out"}, {300, "nearly black"}}},
+    {"waveWarp", {}, {{0, "black"}, {80, "fade-in"}, {250, "fade-in ends"}, {350, "wave"}}},
+    {"framedFirePole",
+     {{37, 30}, {37, 150}},
+     {{0, "first frame"}, {31, "nameplate jumps"}, {120, "pane"}, {152, "jumps again"}, {300, "behind"}}},
+    {"pulsingTube",
+     {{37, 30}, {37, 60}, {37, 63}},
+     {{0, "first frame"}, {20, "tube"}, {31, "lunge"}, {64, "lunge in a lunge"}, {200, "feedback"}}},
+    {"metaballFlares", {}, {{0, "first frame"}, {50, "metaballs"}, {150, "apart"}, {260, "together"}}},
+    {"endScroller", {}, {{0, "top"}, {100, "rolls"}, {2700, "wraps"}, {5240, "ends"}}},
+};
+
+std::int64_t frameAt(const Moment& moment) {
+    return static_cast<std::int64_t>(std::ceil(moment.units / unitsPerSecond * fps));
+}
+
+class SceneMoments : public film::Output {
+  public:
+    SceneMoments(const Script& watched, GoldenFile& goldenFile)
+        : script(watched), golden(goldenFile), next(script.moments.begin()) {}
+
+    void frame(const film::Frame& frame) override {
+        if (next == script.moments.end() || frame.number != frameAt(*next))
+            return;
+        golden.check(script.scene + (" " + std::to_string(next->units)) + " " + next->name, frame);
+        ++next;
+    }
+
+  private:
+    const Script& script;
+    GoldenFile& golden;
+    std::vector<Moment>::const_iterator next;
+};
+
+TEST(Golden, ScenesAlone) {
+    GoldenFile golden("scenes.txt");
+    for (const Script& script : scripts) {
+        film::Options options;
+        options.scene = script.scene;
+        options.syncs = script.syncs;
+        options.fps = fps;
+        options.seconds = static_cast<double>(frameAt(script.moments.back()) + 1) / fps;
+        film::Film film(options);
+        film.add(std::make_unique<SceneMoments>(script, golden));
+        film::filmScene(film, options);
+    }
+    golden.finish();
+}
+
+} // namespace
+} // namespace lumenfold::test

@@ -6,15 +6,18 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <map>
 #include <vector>
 
 namespace lumenfold::film {
 
 namespace {
 
-constexpr std::int32_t columns = 4;
+constexpr std::int32_t columns = 8;
 constexpr std::int32_t gap = 8;
 constexpr std::int32_t labelRows = glyphHeight + 4;
+constexpr std::uint32_t hit = 37;
+constexpr std::int64_t settled = 4; // frames behind a command at which its effect is seen
 constexpr Pixel32 paper = 0x00181818;
 constexpr Pixel32 ink = 0x00D0D0D0;
 
@@ -23,15 +26,21 @@ struct Moment {
     std::int64_t number;
     float time;
     std::vector<Pixel32> pixels;
+    std::uint32_t sync = 0; // the command that the moment follows, if it was chosen for one
 };
 
 // Moments of one stretch of a part, evenly spread over however many frames it turns out to have: when there are too
 // many, every other one goes and the distance between them doubles.
 struct Stretch {
+    explicit Stretch(std::int32_t number) : part(number) {}
+
     std::int32_t part;
     std::int64_t frames = 0;
     std::int64_t distance = 1;
     std::vector<Moment> moments;
+    std::vector<Moment> phases;                   // a few frames behind the first commands of each value
+    std::map<std::uint32_t, std::int32_t> heard;  // commands so far, by value
+    std::map<std::int64_t, std::uint32_t> wanted; // frames to be kept for a command
 };
 
 // Each pixel the mean of two by two.
@@ -54,16 +63,19 @@ std::vector<Pixel32> halved(const Frame& frame) {
 class ContactSheet : public Output {
   public:
     ContactSheet(const std::string& path, std::int32_t framesPerSecond, bool oneScene)
-        : fileName(path), fps(framesPerSecond), shown(oneScene ? 4 * columns : columns) {}
+        : fileName(path), fps(framesPerSecond), shown(oneScene ? 2 * columns : columns) {}
 
     void frame(const Frame& frame) override {
         if (frame.part == noPart && stretches.empty() && shown == columns)
             return; // the loading bar
         if (stretches.empty() || stretches.back().part != frame.part)
-            stretches.push_back({frame.part, 0, 1, {}});
+            stretches.emplace_back(frame.part);
         width = frame.width / 2;
         height = frame.height / 2;
         Stretch& stretch = stretches.back();
+        const auto wanted = stretch.wanted.find(frame.number);
+        if (wanted != stretch.wanted.end())
+            stretch.phases.push_back({frame.number, frame.time, halved(frame), wanted->second});
         if (stretch.frames++ % stretch.distance != 0)
             return;
         stretch.moments.push_back({frame.number, frame.time, halved(frame)});
@@ -75,10 +87,22 @@ class ContactSheet : public Output {
         stretch.distance *= 2;
     }
 
+    // Phases begin with commands; the hits come by the dozen and one shows them all.
+    void sync(std::int64_t number, const SyncCommand& command) override {
+        if (stretches.empty() || command.value < 32)
+            return;
+        Stretch& stretch = stretches.back();
+        const std::int32_t most = command.value == hit ? 1 : 2;
+        if (++stretch.heard[command.value] <= most && stretch.wanted.size() < columns / 2)
+            stretch.wanted[number + settled] = command.value;
+    }
+
     void finish() override {
+        for (Stretch& stretch : stretches)
+            chooseMoments(stretch);
         std::size_t rows = 0;
         for (const Stretch& stretch : stretches)
-            rows += (std::min(shown, stretch.moments.size()) + columns - 1) / columns;
+            rows += (stretch.moments.size() + columns - 1) / columns;
         pitch = columns * (width + gap) + gap;
         const auto sheetRows = static_cast<std::int32_t>(rows) * (height + labelRows + gap) + gap;
         sheet.assign(static_cast<std::size_t>(pitch) * static_cast<std::size_t>(sheetRows), paper);
@@ -89,15 +113,23 @@ class ContactSheet : public Output {
     }
 
   private:
-    // Evenly spread, first and last included; returns where the next row begins.
+    // Leaves the moments that are shown, in order: those of the phases and the others evenly between the ends.
+    void chooseMoments(Stretch& stretch) const {
+        std::vector<Moment> chosen = std::move(stretch.phases);
+        const std::size_t even = std::min(shown - chosen.size(), stretch.moments.size());
+        for (std::size_t i = 0; i < even; ++i)
+            chosen.push_back(std::move(stretch.moments[(2 * i + 1) * stretch.moments.size() / (2 * even)]));
+        std::sort(chosen.begin(), chosen.end(), [](const Moment& a, const Moment& b) { return a.number < b.number; });
+        stretch.moments = std::move(chosen);
+    }
+
+    // Returns where the next row begins.
     std::int32_t draw(const Stretch& stretch, std::int32_t y) {
-        const std::size_t count = std::min(shown, stretch.moments.size());
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::size_t index = count > 1 ? i * (stretch.moments.size() - 1) / (count - 1) : 0;
+        for (std::size_t i = 0; i < stretch.moments.size(); ++i) {
             const auto column = static_cast<std::int32_t>(i % columns);
             if (i > 0 && column == 0)
                 y += height + labelRows + gap;
-            draw(stretch.part, stretch.moments[index], gap + column * (width + gap), y);
+            draw(stretch.part, stretch.moments[i], gap + column * (width + gap), y);
         }
         return y + height + labelRows + gap;
     }
@@ -105,10 +137,12 @@ class ContactSheet : public Output {
     void draw(std::int32_t part, const Moment& moment, std::int32_t x, std::int32_t y) {
         const double seconds = static_cast<double>(moment.number) / fps;
         char label[64];
-        std::snprintf(label, sizeof label, "%d  %02d:%05.2f  frame %lld  t %.1f", part, static_cast<int>(seconds) / 60,
+        std::snprintf(label, sizeof label, "%d %02d:%05.2f frame %lld t %.0f", part, static_cast<int>(seconds) / 60,
                       seconds - static_cast<int>(seconds) / 60 * 60, static_cast<long long>(moment.number),
                       static_cast<double>(moment.time));
         std::string text = label;
+        if (moment.sync != 0)
+            text += "  sync " + std::to_string(moment.sync);
         text.resize(std::min(text.size(), static_cast<std::size_t>(width / glyphAdvance)));
         drawText(sheet.data(), pitch, x, y, text, ink);
         for (std::int32_t row = 0; row < height; ++row)

@@ -55,11 +55,7 @@ std::vector<std::uint8_t> readTune(const std::string& fileName) {
     std::ifstream stream(fileName, std::ios::binary);
     if (!stream)
         throw std::runtime_error(fileName + ": cannot be opened: " + std::strerror(errno));
-    std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    const std::string fault = xmFault(bytes);
-    if (!fault.empty())
-        throw std::runtime_error(fileName + ": " + fault);
-    return bytes;
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
 } // namespace
@@ -69,10 +65,10 @@ struct ModulePlayer::Tune {
         file.set_repeat_count(-1);
     }
 
-    const RowCommands& commands(std::int32_t order, std::int32_t row) const {
+    const RowCommands& commands(std::int32_t orderNumber, std::int32_t rowNumber) const {
         static const RowCommands none;
-        const auto pattern = static_cast<std::size_t>(file.get_order_pattern(order));
-        const auto index = static_cast<std::size_t>(row);
+        const auto pattern = static_cast<std::size_t>(file.get_order_pattern(orderNumber));
+        const auto index = static_cast<std::size_t>(rowNumber);
         return pattern < patterns.size() && index < patterns[pattern].size() ? patterns[pattern][index] : none;
     }
 
@@ -88,8 +84,12 @@ struct ModulePlayer::Tune {
     std::vector<PatternCommands> patterns;
 };
 
-ModulePlayer::ModulePlayer(const std::string& fileName) : block{} {
-    const std::vector<std::uint8_t> bytes = readTune(fileName);
+ModulePlayer::ModulePlayer(const std::string& fileName) : ModulePlayer(readTune(fileName), fileName) {}
+
+ModulePlayer::ModulePlayer(const std::vector<std::uint8_t>& bytes, const std::string& fileName) : block{} {
+    const std::string fault = xmFault(bytes);
+    if (!fault.empty())
+        throw std::runtime_error(fileName + ": " + fault);
     try {
         tune = std::make_unique<Tune>(bytes);
     } catch (const openmpt::exception& error) {

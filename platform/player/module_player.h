@@ -5,6 +5,7 @@
 #include <deque>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace lumenfold {
 
@@ -25,6 +26,9 @@ class ModulePlayer {
   public:
     // Throws std::runtime_error naming the file and the cause (missing, not an XM module).
     explicit ModulePlayer(const std::string& fileName);
+
+    // The same of a file's bytes; the name is for the messages.
+    ModulePlayer(const std::vector<std::uint8_t>& bytes, const std::string& fileName);
     ~ModulePlayer();
 
     // The next frames as pairs of samples, left first, about -1 to 1.

@@ -38,9 +38,12 @@ class DeviceSound : public SoundOutput {
 
     static void fill(void* self, Uint8* bytes, int size);
     void fill(float* samples, std::size_t frames);
+    void keepPace(std::size_t frames);
 
     SDL_AudioDeviceID device = 0;
     std::int64_t latency = 0; // frames from rendering to hearing
+    bool silent = false;      // SDL's own substitutes for a device
+    std::uint64_t due = 0;    // counter reading at which a substitute's next buffer is due
 
     // shared with the playback thread
     ModulePlayer* player = nullptr;
@@ -60,6 +63,8 @@ void DeviceSound::open() {
         device = SDL_OpenAudioDevice(nullptr, 0, &wanted, &got, 0);
         if (device != 0) {
             latency = got.samples;
+            const std::string driver = SDL_GetCurrentAudioDriver();
+            silent = driver == "dummy" || driver == "disk";
             return;
         }
     }
@@ -95,7 +100,19 @@ void DeviceSound::fill(void* self, Uint8* bytes, int size) {
                                           static_cast<std::size_t>(size) / (2 * sizeof(float)));
 }
 
+// The substitutes wait for whole milliseconds and so would play some percent too fast: they are held to the clock.
+void DeviceSound::keepPace(std::size_t frames) {
+    const std::uint64_t frequency = SDL_GetPerformanceFrequency();
+    const std::uint64_t now = SDL_GetPerformanceCounter();
+    if (now < due)
+        SDL_Delay(static_cast<Uint32>((due - now) * 1000 / frequency + 1));
+    const bool lost = now > due + frequency / 5; // after a pause a new count begins
+    due = (lost ? now : due) + frames * frequency / soundRate;
+}
+
 void DeviceSound::fill(float* samples, std::size_t frames) {
+    if (silent)
+        keepPace(frames);
     if (player == nullptr) {
         std::fill_n(samples, frames * 2, 0.0F);
         return;

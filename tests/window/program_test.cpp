@@ -1,0 +1,81 @@
+#include "tests/window/virtual_screen.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace lumenfold::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The program itself, in a folder that holds links to the show's files.
+class Program : public testing::Test {
+  protected:
+    void SetUp() override {
+        if (!screen.missing().empty())
+            GTEST_SKIP() << screen.missing() << ": the program is not tested";
+        setenv("SDL_AUDIODRIVER", "dummy", 1);
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+        for (const fs::directory_entry& file : fs::directory_iterator(LUMENFOLD_SHOW))
+            fs::create_symlink(file.path(), folder / file.path().filename());
+    }
+
+    // Errors before standard output, whose last lines alone are kept; 124 stands for a program that hangs.
+    std::string run(int& status, const std::string& meanwhile = "") const {
+        const std::string command = "cd '" + folder.string() + "' && { " + meanwhile +
+                                    " timeout 20 " LUMENFOLD_PROGRAM " 2>&1 >out; status=$?; tail -n 2 out; "
+                                    "exit $status; }";
+        return outputOf(command, &status);
+    }
+
+    VirtualScreen screen;
+    fs::path folder = fs::path(testing::TempDir()) / "lumenfold_program_test";
+};
+
+TEST_F(Program, AKeyEndsIt) {
+    int status = -1;
+    const auto begin = std::chrono::steady_clock::now();
+    run(status, "(sleep 3; xdotool key space) &");
+    EXPECT_EQ(status, 0);
+    EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(), 3.0 + 1.5);
+}
+
+// All pictures that the scenes name. (Objects name more of their own.)
+const char* const pictures[] = {
+    "goodlog512a.jpg", "skum3.jpg",    "circ3.jpg",          "cptext6.pcx",    "bfs1.pcx",      "bfs0.pcx",
+    "bkfire.jpg",      "part3bak.jpg", "sidogrej91x351.tga", "bajsa.jpg",      "greets2.pcx",   "morph3.jpg",
+    "3dframe.jpg",     "svampbak.jpg", "petrolflare.jpg",    "designfusk.pcx", "endscroll.pcx", "petrolenv.jpg",
+    "cell5a.jpg",      "cell1.jpg",    "cells3c.jpg",        "phong5.jpg",     "eftex.jpg",     "cubet5.jpg",
+    "cubet4.jpg",      "fdgrid.jpg",   "slem4.jpg",
+};
+
+TEST_F(Program, NamesEveryMissingPicture) {
+    for (const std::string picture : pictures) {
+        fs::remove(folder / picture);
+        int status = -1;
+        const std::string said = run(status);
+        EXPECT_EQ(status, 0) << picture;
+        EXPECT_NE(said.find("lumenfold: " + picture + ": not found in " + folder.string()), std::string::npos)
+            << picture << " " << said;
+        fs::create_symlink(fs::path(LUMENFOLD_SHOW) / picture, folder / picture);
+    }
+}
+
+TEST_F(Program, EndsWithTheCauseWhenTheTuneIsMissingOrCut) {
+    int status = -1;
+    fs::remove(folder / "bzzzz.xm");
+    EXPECT_NE(run(status).find("\nMIDAS error: bzzzz.xm: cannot be opened: No such file or directory\n"),
+              std::string::npos);
+    EXPECT_EQ(status, 1);
+    fs::copy_file(fs::path(LUMENFOLD_SHOW) / "bzzzz.xm", folder / "bzzzz.xm");
+    fs::resize_file(folder / "bzzzz.xm", fs::file_size(folder / "bzzzz.xm") / 2);
+    EXPECT_NE(run(status).find("\nMIDAS error: bzzzz.xm: the file ends early\n"), std::string::npos);
+    EXPECT_EQ(status, 1);
+}
+
+} // namespace
+} // namespace lumenfold::test

@@ -1,0 +1,80 @@
+#include "driver/midas.h"
+#include "platform/player/module_player.h"
+#include "tests/platform/tiny_xm.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace lumenfold::test {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct Told {
+    std::uint32_t value;
+    double seconds; // since the tune was started
+    std::thread::id thread;
+};
+
+std::mutex guard;
+std::vector<Told> told;
+Clock::time_point started;
+
+void tell(std::uint32_t value, std::uint32_t, std::uint32_t) {
+    const std::lock_guard lock(guard);
+    told.push_back({value, std::chrono::duration<double>(Clock::now() - started).count(), std::this_thread::get_id()});
+}
+
+class Device : public testing::TestWithParam<const char*> {};
+
+// Both drivers keep the time of a real device without making a sound.
+INSTANTIATE_TEST_SUITE_P(, Device, testing::Values("dummy", "disk"),
+                         [](const testing::TestParamInfo<const char*>& test) { return std::string(test.param); });
+
+TEST_P(Device, TellsSyncsWhenTheyAreHeard) {
+    const std::string tune = testing::TempDir() + "sound_test.xm";
+    TinyXm xm{2, 6, 125, 0, {0}, {16}, {}};
+    for (int row = 0; row < 16; ++row)
+        xm.commands.push_back({0, row, 0, 0x20, static_cast<std::uint8_t>(row)});
+    xm.write(tune);
+    setenv("SDL_AUDIODRIVER", GetParam(), 1);
+    setenv("SDL_DISKAUDIOFILE", (testing::TempDir() + "sound_test.raw").c_str(), 1);
+    MIDASstartup();
+    ASSERT_TRUE(MIDASinit() && MIDASstartBackgroundPlay(100) && MIDASopenChannels(32));
+    const MIDASmodule module = MIDASloadModule(tune.c_str());
+    told.clear();
+    started = Clock::now();
+    const MIDASmodulePlayHandle handle = MIDASplayModule(module, true);
+    ASSERT_TRUE(MIDASsetMusicSyncCallback(handle, tell));
+    std::this_thread::sleep_for(std::chrono::milliseconds(2500));
+    ASSERT_TRUE(MIDASstopModule(handle) && MIDASfreeModule(module) && MIDASstopBackgroundPlay() && MIDASclose());
+
+    ASSERT_GE(told.size(), 18U); // over the loop
+    for (std::size_t i = 0; i < told.size(); ++i) {
+        constexpr double row = 0.12;
+        constexpr double early = 0.02; // the two clocks' difference
+        constexpr double late = 0.25;  // on a busy machine
+        EXPECT_EQ(told[i].value, i % 16);
+        EXPECT_NE(told[i].thread, std::this_thread::get_id());
+        EXPECT_GT(told[i].seconds, static_cast<double>(i) * row - early);
+        EXPECT_LT(told[i].seconds, static_cast<double>(i) * row + late);
+    }
+}
+
+TEST(NoDevice, SaysSoAndNamesTheSilentWay) {
+    setenv("SDL_AUDIODRIVER", "nonsense", 1);
+    MIDASstartup();
+    EXPECT_FALSE(MIDASinit());
+    const std::string message = MIDASgetErrorMessage(MIDASgetLastError());
+    EXPECT_EQ(message.rfind("no sound device (", 0), 0U) << message;
+    EXPECT_NE(message.find("SDL_AUDIODRIVER=dummy"), std::string::npos) << message;
+    EXPECT_TRUE(MIDASclose());
+}
+
+} // namespace
+} // namespace lumenfold::test

@@ -33,9 +33,9 @@ class Window {
 
   private:
     struct Destroy {
-        void operator()(SDL_Window* window) const { SDL_DestroyWindow(window); }
-        void operator()(SDL_Renderer* renderer) const { SDL_DestroyRenderer(renderer); }
-        void operator()(SDL_Texture* texture) const { SDL_DestroyTexture(texture); }
+        void operator()(SDL_Window* owned) const { SDL_DestroyWindow(owned); }
+        void operator()(SDL_Renderer* owned) const { SDL_DestroyRenderer(owned); }
+        void operator()(SDL_Texture* owned) const { SDL_DestroyTexture(owned); }
     };
 
     void makeTexture();

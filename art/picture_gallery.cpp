@@ -109,7 +109,7 @@ Colour ringColour(Vec3 p) {
 // The same lamp's light on the blocks around it.
 Colour spill(Vec3 p) {
     const float far = sdf::torus(p - Vec3{0, 0, ringDepth - 0.35F}, ringRadius - 0.17F, 0);
-    return ringColour(p) * (0.10F / (0.12F + far * far));
+    return ringColour(p) * (0.16F / (0.12F + far * far));
 }
 
 Material steel(Colour base, float roughness) {
@@ -125,11 +125,12 @@ Material materialOf(int part, Vec3 p, Vec3) {
     Material m;
     switch (part) {
     case water:
-        m = steel(Colour{0.16F, 0.22F, 0.24F}, 0.012F);
+        m = steel(Colour{0.13F, 0.20F, 0.23F}, 0.010F);
+        m.metal = 0.97F;
         break;
     case block: {
         const int index = sdf::sectored(p - Vec3{0, 0, ringDepth}, blockCount).index;
-        m = steel(mix(Colour{0.22F, 0.29F, 0.32F}, Colour{0.66F, 0.76F, 0.80F}, hashUnit(index, 8, 0, 932)),
+        m = steel(mix(Colour{0.08F, 0.14F, 0.17F}, Colour{0.34F, 0.46F, 0.50F}, hashUnit(index, 8, 0, 932)),
                   0.10F + 0.10F * hashUnit(index, 9, 0, 932));
         m.base = m.base * (0.85F + 0.6F * grime);
         m.emission = m.base * spill(p);
@@ -155,8 +156,9 @@ Material materialOf(int part, Vec3 p, Vec3) {
     }
     case pillarLamp: {
         const bool right = p.x > 0;
+        m.base = palette::ink;
         const float row = 0.7F * p.y - std::floor(0.7F * p.y);
-        const float on = row < 0.82F ? 1.0F : 0.0F;
+        const float on = row < 0.82F && (!right || p.z > 3) ? 1.0F : 0.0F; // none in the strip's columns
         m.emission = right ? palette::amber * (0.9F * on) : (palette::teal * 1.8F + palette::ice * 0.4F) * on;
         break;
     }
@@ -183,8 +185,8 @@ Colour haze(Vec3 p) {
     light += palette::ice *
              (0.006F * around(creaseDistance(p) + 0.035F, 0.30F) * smoothStep(creaseRight.x, creaseRight.x - 16, p.x));
     const float shaft = smoothStep(1.6F, 0, std::fabs(p.x + 0.55F * p.y + 2.6F) - 0.4F); // the key from upper left
-    light += palette::petrol * (0.010F * shaft * smoothStep(-4, 7, p.y));
-    return light + palette::petrol * (0.0030F * exponential(-0.7F * (p.y - waterHeight)));
+    light += palette::petrol * (0.035F * shaft * smoothStep(-4, 7, p.y));
+    return light + palette::petrol * (0.0060F * exponential(-0.7F * (p.y - waterHeight)));
 }
 
 World galleryWorld() {
@@ -193,11 +195,11 @@ World galleryWorld() {
     world.material = materialOf;
     world.sky = [](Vec3 direction) {
         return studioLight({direction.x, direction.y, -direction.z}) *
-               mix(1.2F, 0.08F, smoothStep(-0.4F, 0.6F, direction.z));
+               mix(0.9F, 0.06F, smoothStep(-0.4F, 0.6F, direction.z));
     };
     world.glow = haze;
     world.keyDirection = {-0.65F, 0.75F, -0.60F};
-    world.keyLight = palette::ice * 5.5F;
+    world.keyLight = palette::ice * 2.6F;
     world.fog = palette::deep * 0.16F;
     world.fogDensity = 0.11F;
     world.fogStart = 7;
@@ -221,7 +223,7 @@ void makeRingGallery(const std::string& path) {
         return c * mix(1, 0.42F, smoothStep(385, 430, static_cast<float>(x)));
     });
     addVignette(picture, 0.45F);
-    writeBitmap(path, developed(picture, {1.5F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.3F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -10,6 +10,7 @@ std::vector<Recipe> pictureRecipes() {
         {"bkfire.jpg", false, makeFireWreath},
         {"svampbak.jpg", false, makeSpongeCavern},
         {"part3bak.jpg", false, makeRingGallery},
+        {"3dframe.jpg", false, makePrisonFrame},
     };
 }
 

@@ -12,5 +12,6 @@ void makeMachineCore(const std::string& path);
 void makeFireWreath(const std::string& path);
 void makeSpongeCavern(const std::string& path);
 void makeRingGallery(const std::string& path);
+void makePrisonFrame(const std::string& path);
 
 } // namespace lumenfold::art

@@ -11,8 +11,8 @@ inline constexpr int lightSpotSide = 512;
 // on.
 void paintLightSpot(Pixel32* picture);
 
-// The frame seen as a quad on the picture of the spot: it turns while its corners close in on the middle, first fast,
-// then ever more slowly, so that the light grows until it fills the frame.
+// The frame seen as a quad on the picture of the spot: it turns while its corners close in on the middle by a step
+// that shrinks too. They wait at 95 texels until the step is shorter than that; then the light fills the frame.
 struct LightSpot {
     float radius = 10000.0F; // of the corners, in texels of the picture
     int shrink = 300;        // taken from the radius in a frame

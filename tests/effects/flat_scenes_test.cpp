@@ -99,7 +99,7 @@ using FlatScenes = test::ShowScenes;
 // The offset that the first scene leaves moves the second one's flow.
 TEST_F(FlatScenes, TwinTunnelThenWaveWarpEqualTheLiteralOnes) {
     const auto tunnelTime = [](int n) { return 1800.0F + static_cast<float>(n) * 2.3F; };
-    const auto waveTime = [](int n) { return 3000.0F + static_cast<float>(n) * 13.7F; };
+    const auto waveTime = [](int n) { return 3000.0F + static_cast<float>(n) * 13.45F; }; // the fade's last step too
     const auto pulseAt = [](int n) { return n == 4 || n == 9 || n == 15 || n == 50; };
     const auto openAt = [](int n) { return n >= 12; };
     constexpr int tunnelFrames = 70, waveFrames = 24;

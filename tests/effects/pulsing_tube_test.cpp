@@ -90,7 +90,8 @@ class PulsingTube : public test::ShowScenes {
 
 TEST_F(PulsingTube, EveryFrameEqualsTheLiteralOne) {
     constexpr int frames = 72;
-    const auto timeOf = [](int n) { return 500.0F + static_cast<float>(n) * 0.5226F; };
+    // steps in which flares stand exactly at the last column and in the last row that they may
+    const auto timeOf = [](int n) { return 500.0F + static_cast<float>(n) * 3.5F; };
     const auto syncAt = [](int n) { return n % 5 == 3 || n == 9; };
     load({pulsingTube});
     std::vector<test::Frame> shipped(frames, blank());

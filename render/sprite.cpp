@@ -60,14 +60,14 @@ struct Extent {
           last(std::min<std::int64_t>(drawn, frameSize - start)) {}
 };
 
-// The 8.8 accumulator after `steps` steps, as a whole position in the image.
+// The 8.8 accumulator after so many steps, as a whole position in the image.
 std::size_t imagePosition(std::uint32_t step, std::int64_t steps) {
     return (step * static_cast<std::uint32_t>(steps)) >> 8;
 }
 
 // Scaled with distance and centred. The rows' accumulator grows with the image's width and the columns' with its
-// height; the opaque form lays the image transposed. Only square images look right: other ones are cut where the
-// accumulators leave the image.
+// height; the opaque form lays the image transposed. The rows' accumulator takes its first step before the first row,
+// the columns' after the first pixel. Only square images look right: what lies beyond the image is left out.
 void drawScaled(const Sprite& sprite, const Place& place, Pixel32* target, FrameInfo info) {
     const double z = sprite.position[2];
     const std::int32_t width = truncate(static_cast<double>(sprite.width) * info.width * scaledSize / z);
@@ -82,7 +82,7 @@ void drawScaled(const Sprite& sprite, const Place& place, Pixel32* target, Frame
     const Extent columns(place.x, width, width, info.width);
     const Extent rows(place.y, height, opaque ? height : height - 1, info.height);
     for (std::int64_t row = rows.first; row < rows.last; ++row) {
-        const std::size_t a = imagePosition(rowStep, row);
+        const std::size_t a = imagePosition(rowStep, row + 1);
         const std::int64_t line = (rows.start + row) * info.width + columns.start;
         for (std::int64_t column = columns.first; column < columns.last; ++column) {
             const std::size_t b = imagePosition(columnStep, column);

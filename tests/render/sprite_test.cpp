@@ -51,7 +51,8 @@ void drawLiterally(const Sprite& sprite, const reference::Picture& picture, floa
     const unsigned sA = sprite.width * 256 / static_cast<unsigned>(sw);
     const unsigned sB = sprite.height * 256 / static_cast<unsigned>(sh);
     unsigned a = 0;
-    for (int row = 0; row < (sprite.blend == 1 ? sh - 1 : sh); ++row, a += sA) {
+    for (int row = 0; row < (sprite.blend == 1 ? sh - 1 : sh); ++row) {
+        a += sA;
         unsigned b = 0;
         for (int column = 0; column < sw; ++column, b += sB) {
             const int x = px - (sw >> 1) + column;
@@ -133,6 +134,23 @@ TEST(Sprite, WhereItIsDrawn) {
         const Sprite sprite = {c.position, image.data(), 16, 16, c.scaled, c.blend};
         EXPECT_EQ(drawnPixels(sprite), c.pixels) << c.what;
     }
+}
+
+// 16 pixels shown as 2: the rows step by 8 before the first, the columns after the first.
+TEST(Sprite, TexelsOfAScaledOne) {
+    std::vector<Pixel32> image(16 * 16);
+    for (Pixel32 i = 0; i < 256; ++i)
+        image[i] = i + 1;
+    GuardedPicture added(512, 384);
+    drawSprite({{0, 0, 10}, image.data(), 16, 16, 1, 1}, added.select(), added.info(), 0.0F);
+    EXPECT_EQ(added.target()[191 * 512 + 255], 8U * 16 + 0 + 1);
+    EXPECT_EQ(added.target()[191 * 512 + 256], 8U * 16 + 8 + 1);
+    GuardedPicture opaque(512, 384);
+    drawSprite({{0, 0, 10}, image.data(), 16, 16, 1, 3}, opaque.select(), opaque.info(), 0.0F);
+    EXPECT_EQ(opaque.target()[191 * 512 + 255], 0U * 16 + 8 + 1);
+    EXPECT_EQ(opaque.target()[191 * 512 + 256], 8U * 16 + 8 + 1);
+    EXPECT_EQ(opaque.target()[192 * 512 + 256], 8U * 16 + 16 + 1); // runs on into the next line of the image
+    EXPECT_EQ(opaque.depth()[192 * 512 + 256], 10.0F);
 }
 
 TEST(Sprite, AHiddenCentreHidesAnAddedOne) {

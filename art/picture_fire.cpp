@@ -123,7 +123,7 @@ void makeFireWreath(const std::string& path) {
             sum += sheet.at(x, y);
         }
         const float hot = luminance(sum); // crowded folds glow towards ice
-        sum = sum * (0.45F + 1.5F * hot) + palette::ice * (0.55F * hot * hot);
+        sum = sum * (0.20F + 2.0F * hot) + palette::ice * (0.55F * hot * hot);
         return sum + creaseLight(static_cast<float>(x), static_cast<float>(y));
     });
     picture = withBloom(picture, {2.5F, 0.14F, 14, 0.08F}, Edge::clamp);

@@ -178,7 +178,7 @@ Material materialOf(int part, Vec3 p, Vec3) {
     switch (part) {
     case plate:
         m.base =
-            mix(palette::deep * 0.8F, Colour{0.17F, 0.25F, 0.28F}, saturate(0.40F + 1.2F * grime + 0.3F * scratch));
+            mix(palette::deep * 0.7F, Colour{0.085F, 0.21F, 0.24F}, saturate(0.40F + 1.2F * grime + 0.3F * scratch));
         m.base = m.base * mix(0.35F, 1.15F, smoothStep(-3.5F, 5.5F, p.y * 1.4F - p.x)); // the key lamp falls off
         m.emission = m.base * spill(p);
         if (p.x > -3.25F && p.x < -2.7F) { // the letters' ground glows
@@ -187,7 +187,7 @@ Material materialOf(int part, Vec3 p, Vec3) {
         m.roughness = 0.16F;
         break;
     case bevel:
-        m.base = Colour{0.22F, 0.26F, 0.28F} * (0.8F + 0.7F * grime);
+        m.base = Colour{0.10F, 0.16F, 0.18F} * (0.8F + 0.7F * grime);
         m.roughness = 0.12F;
         break;
     case tube:
@@ -219,8 +219,8 @@ Material materialOf(int part, Vec3 p, Vec3) {
         m.roughness = 0.02F;
         break;
     default: // the ground of the niche
-        m.base = palette::petrol * (0.45F + 0.6F * grime);
-        m.metal = 0.6F;
+        m.base = palette::petrol * (0.40F + 0.6F * grime);
+        m.metal = 0.85F;
         m.roughness = 0.2F;
         break;
     }
@@ -247,7 +247,7 @@ World frameWorld() {
     world.keyDirection = {-0.6F, 0.7F, -0.6F};
     world.keyLight = palette::ice * 2.4F;
     world.farthest = 6;
-    world.reflections = 2;
+    world.reflections = 1;
     world.ambientReach = 0.30F;
     return world;
 }

@@ -130,8 +130,8 @@ Material materialOf(int part, Vec3 p, Vec3) {
         break;
     case block: {
         const int index = sdf::sectored(p - Vec3{0, 0, ringDepth}, blockCount).index;
-        m = steel(mix(Colour{0.08F, 0.14F, 0.17F}, Colour{0.34F, 0.46F, 0.50F}, hashUnit(index, 8, 0, 932)),
-                  0.10F + 0.10F * hashUnit(index, 9, 0, 932));
+        m = steel(mix(Colour{0.04F, 0.12F, 0.14F}, Colour{0.20F, 0.40F, 0.44F}, hashUnit(index, 8, 0, 932)),
+                  0.03F + 0.06F * hashUnit(index, 9, 0, 932));
         m.base = m.base * (0.85F + 0.6F * grime);
         m.emission = m.base * spill(p);
         break;
@@ -215,7 +215,7 @@ void makeRingGallery(const std::string& path) {
     const World world = galleryWorld();
     // the gallery's vanishing point lies at column 195, behind the tumbling body
     Picture picture = renderPicture(
-        512, 384, 3,
+        512, 384, 4,
         [&](float x, float y, std::uint32_t seed) { return trace(world, camera.through(x + 61, y, 512, 384), seed); },
         0.25F);
     picture = withBloom(picture, {2.5F, 0.12F, 16, 0.12F}, Edge::clamp);

@@ -15,13 +15,13 @@ struct JpegBits {
         bits <<= count;
         available -= count;
     }
-    // The next count bits, 0 to 15, as a signed number of that category (T.81, F.2.2.1, EXTEND).
-    std::int32_t takeExtended(int count) {
-        if (count == 0)
-            return 0;
-        const auto value = static_cast<std::int32_t>(peek(count));
-        drop(count);
-        return value < (1 << (count - 1)) ? value - (1 << count) + 1 : value;
+    // The count bits, 0 to 15, behind the first skipped ones as a signed number of that category (T.81, F.2.2.1,
+    // EXTEND): those of a negative number are the complement of its absolute value's.
+    std::int32_t extended(int skipped, int count) const {
+        const std::uint64_t value = bits << skipped;
+        const std::uint64_t negative = (value >> 63) - 1;
+        const std::uint64_t magnitude = (value ^ negative) >> 1 >> (63 - count);
+        return static_cast<std::int32_t>((magnitude ^ negative) - negative);
     }
 };
 
@@ -64,10 +64,8 @@ class JpegBitReader {
     enum class Stop { None, Restart, End };
 
     static std::uint64_t bigEndian(const std::uint8_t* bytes) {
-        std::uint64_t word = 0;
-        for (int i = 0; i < 8; ++i)
-            word = word << 8 | bytes[i];
-        return word;
+        const auto byte = [bytes](int i) { return std::uint64_t{bytes[i]} << (56 - 8 * i); };
+        return byte(0) | byte(1) | byte(2) | byte(3) | byte(4) | byte(5) | byte(6) | byte(7); // one load and a swap
     }
     static bool holdsFF(std::uint64_t word) {
         return ((~word - 0x0101010101010101u) & word & 0x8080808080808080u) != 0;

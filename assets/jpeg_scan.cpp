@@ -17,7 +17,7 @@ constexpr std::array<std::uint8_t, 64> zigzag = {0,  1,  8,  16, 9,  2,  3,  10,
                                                  35, 42, 49, 56, 57, 50, 43, 36, 29, 22, 15, 23, 30, 37, 44, 51,
                                                  58, 59, 52, 45, 38, 31, 39, 46, 53, 60, 61, 54, 47, 55, 62, 63};
 
-constexpr int largestCategory = 15;
+constexpr int longestRun = 15; // with no value behind it: 16 zeros; any other run without one ends the block
 
 struct BlockTables {
     const JpegHuffmanTable& dc;
@@ -26,52 +26,45 @@ struct BlockTables {
 };
 
 void setCoefficient(JpegBlock& block, std::size_t k, std::int32_t value, std::uint16_t step) {
-    const std::int32_t scaled = wrapMul(value, step);
-    const std::size_t position = zigzag[k];
-    block.coefficients[position] = scaled;
-    block.present |= std::uint64_t{1} << position;
-    block.range |= static_cast<std::uint32_t>(scaled) + jpegRangeLimit;
+    block.coefficients[zigzag[k]] = wrapMul(value, step);
 }
 
 // Reads the coefficients of one block, which is all zeros; false when the data is no code.
 bool readCoefficients(JpegBitReader& reader, JpegBits& bits, const BlockTables& tables, std::int32_t& predictor,
                       JpegBlock& block) {
+    using Symbol = JpegHuffmanTable::Symbol;
     reader.refill(bits);
-    const int category = tables.dc.decode(bits);
-    if (category < 0 || category > largestCategory)
+    const Symbol first = tables.dc.find(bits);
+    if (first.codeLength == 0 || first.run != 0)
         return false;
-    predictor = wrapAdd(predictor, bits.takeExtended(category));
+    predictor = wrapAdd(predictor, bits.extended(first.codeLength, first.category));
+    bits.drop(first.length);
     setCoefficient(block, 0, predictor, tables.steps[0]);
+    int count = 1;
     for (std::size_t k = 1; k < 64; ++k) {
         reader.refill(bits);
-        const JpegHuffmanTable::Coefficient whole = tables.ac.coefficient(bits);
-        std::int32_t value = whole.value;
-        if (whole.length != 0) {
-            bits.drop(whole.length);
-            k += whole.run;
-        } else {
-            const int runCategory = tables.ac.decode(bits);
-            if (runCategory < 0)
+        const Symbol symbol = tables.ac.find(bits);
+        const std::int32_t value = bits.extended(symbol.codeLength, symbol.category);
+        bits.drop(symbol.length);
+        k += symbol.run;
+        if (symbol.category == 0) {
+            if (symbol.codeLength == 0)
                 return false;
-            k += static_cast<std::size_t>(runCategory >> 4);
-            if ((runCategory & 15) == 0) {
-                if (runCategory != 0xF0)
-                    break;
-                continue;
-            }
-            value = bits.takeExtended(runCategory & 15);
+            if (symbol.run != longestRun)
+                break;
+            continue;
         }
         if (k > 63)
             break;
         setCoefficient(block, k, value, tables.steps[k]);
+        ++count;
     }
+    block.count = count;
     return true;
 }
 
 bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t& predictor, JpegBlock& block) {
     block.coefficients.fill(0);
-    block.present = 0;
-    block.range = 0;
     JpegBits bits = reader.take();
     const bool good = readCoefficients(reader, bits, tables, predictor, block);
     reader.putBack(bits);

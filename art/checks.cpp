@@ -9,6 +9,7 @@ namespace lumenfold::art {
 const std::vector<CheckFamily>& checkFamilies() {
     static const std::vector<CheckFamily> families = {
         {"pictures", checkPictures},
+        {"objects", checkObjects},
         {"tunes", checkTuneFiles},
         {"rebuild", checkRebuild},
     };

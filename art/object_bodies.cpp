@@ -25,20 +25,26 @@ Model body(const Solid& field, double reach, double spacing, std::size_t triangl
 
 } // namespace
 
+// A body of nine curved horns that grow out of each other.
 Model makeBlob() {
     return body(
         [](Point p) {
-            double d = sphere(p, {}, 0.95);
-            for (int i = 0; i < 7; ++i) {
+            double d = sphere(p, {}, 0.78);
+            for (int i = 0; i < 9; ++i) {
                 const double a = i * 2.399963;
-                const double y = 1 - 2 * (i + 0.5) / 7;
+                const double y = 1 - 2 * (i + 0.5) / 9;
                 const double r = std::sqrt(1 - y * y);
-                const Point place = Point{r * trig::cos(a), y, r * trig::sin(a)} * 1.12;
-                d = join(d, sphere(p, place, 0.34 + 0.08 * (i % 3)), 0.35);
+                const Point out{r * trig::cos(a), y, r * trig::sin(a)};
+                const Point aside = normalized(cross(out, Point{0.3, 1, 0.2})) * 0.26;
+                const Point knee = out * 0.98 + aside;
+                const Point tip = out * (1.34 + 0.05 * (i % 3)) + aside * -0.5;
+                d = join(d, capsule(p, out * 0.4, knee, 0.40, 0.25), 0.30);
+                d = join(d, capsule(p, knee, tip, 0.25, 0.09), 0.13);
             }
-            return d;
+            // shallow rings, as on shells
+            return d + 0.012 * trig::sin(9 * length(p));
         },
-        1.9, 0.045, 3000, 1.0);
+        1.9, 0.042, 4000, 1.0);
 }
 
 Model makeSeed() {

@@ -105,12 +105,12 @@ void addCrystal(Model& model, Point foot, Point direction, double size, std::uin
 }
 
 // A bunch of crystals that spreads about the direction.
-void addCluster(Model& model, Point foot, Point direction, double size, Lamp lamp) {
+void addCluster(Model& model, Point foot, Point direction, double size, Lamp lamp, int crystals) {
     const int number = static_cast<int>(model.surfaces.size());
     const double y = foot.y + normalized(direction).y * size * 0.55;
     const std::uint32_t surface =
         addSurface(model, "crystal" + std::to_string(number), lampMap(lamp, Axis::X, y, size * 1.05, 40));
-    for (int k = 0; k < 5; ++k) {
+    for (int k = 0; k < crystals; ++k) {
         const auto spread = [&](int axis) { return 0.9 * (static_cast<double>(hashUnit(number, k, axis, 705)) - 0.5); };
         const Point d = normalized(direction) + Point{spread(0), spread(1) * 0.6, spread(2)};
         addCrystal(model, foot + Point{spread(3), 0, spread(4)} * (0.5 * size), d, size * (1 - 0.13 * k), surface);
@@ -120,8 +120,8 @@ void addCluster(Model& model, Point foot, Point direction, double size, Lamp lam
 } // namespace
 
 Model makeLandscape() {
-    Model model = meshSolid(space, {-10, -13, back - 2}, {30, 19, front + 2}, 0.85);
-    simplify(model, 5200);
+    Model model = meshSolid(space, {-10, -13, back - 2}, {30, 19, front + 2}, 0.80);
+    simplify(model, 5600);
     model.flip();
     model.surfaces.clear();
     model.addSurface({"unused", {}, {}, {}});
@@ -141,11 +141,11 @@ Model makeLandscape() {
     for (const Spire& s : spires)
         addCluster(model, {s.foot.x + (s.foot.x < 10 ? 1.5 : -1.5), s.foot.y > 0 ? s.tip.y + 2.5 : -0.8, s.foot.z - 1},
                    {s.foot.x < 10 ? 0.5 : -0.5, s.foot.y > 0 ? -1.0 : 1.0, 0}, 2.2,
-                   static_cast<int>(s.foot.z) % 2 == 0 ? Lamp::amber : Lamp::teal);
+                   static_cast<int>(s.foot.z) % 2 == 0 ? Lamp::amber : Lamp::teal, 5);
     for (int i = -6; i <= 2; ++i)
         for (const double side : {-1.0, 1.0})
             addCluster(model, {10 + side * 9.8, -0.4, i * 11 + 5 + side * 3}, {-side * 0.4, 1, 0}, 1.7,
-                       (i + (side > 0 ? 1 : 0)) % 2 == 0 ? Lamp::teal : Lamp::amber);
+                       (i + (side > 0 ? 1 : 0)) % 2 == 0 ? Lamp::teal : Lamp::amber, 3);
     return model;
 }
 

@@ -28,19 +28,13 @@ struct Turned {
     double radius, y;
 };
 
-// A turned body; its rings rise.
+// A turned body, its profile from the lower middle outwards and up to the upper middle.
 template <std::size_t count>
 void addTurned(Model& model, const Turned (&profile)[count], int around, std::uint32_t surface) {
     std::vector<std::vector<Point>> rings;
-    for (const Turned& t : profile)
-        rings.push_back(ringAround({0, t.y, 0}, t.radius, around, pi / around));
-    const std::size_t first = model.triangles.size();
+    for (std::size_t i = count; i-- > 0;) // a skin's front is outside where its rings sink
+        rings.push_back(ringAround({0, profile[i].y, 0}, profile[i].radius, around, pi / around));
     addSkin(model, rings, surface);
-    const Triangle& t = model.triangles[first];
-    const Point c = model.centroid(t);
-    if (dot(model.normal(t), {c.x, 0, c.z}) < 0)
-        for (std::size_t i = first; i < model.triangles.size(); ++i)
-            std::swap(model.triangles[i].corners[1], model.triangles[i].corners[2]);
 }
 
 // A closed prism-like box from eight corners, low four then high four, both in the same order round.

@@ -128,8 +128,8 @@ void addPipe(Model& model, double right, double up, double radius, std::uint32_t
     std::vector<std::vector<Point>> rings;
     const auto ring = [&](double travel) {
         rings.emplace_back();
-        for (int k = 0; k < 8; ++k) {
-            const Point round = ringAround({}, radius, 8)[static_cast<std::size_t>(k)];
+        for (int k = 0; k < 6; ++k) {
+            const Point round = ringAround({}, radius, 6)[static_cast<std::size_t>(k)];
             const double r = right + round.x;
             const double u = up + round.z;
             rings.back().push_back(travel == 0 ? corner + Point{r, u, -r} : placeAt(travel, r, u));
@@ -140,7 +140,12 @@ void addPipe(Model& model, double right, double up, double radius, std::uint32_t
     ring(0);
     for (int i = 0; i <= baysAfter; ++i)
         ring(turn + i * bay);
+    const std::size_t first = model.triangles.size();
     addSkin(model, rings, surface);
+    const Triangle& t = model.triangles[first];
+    if (dot(model.normal(t), model.centroid(t) - placeAt(-turn - (baysBefore - 0.5) * bay, right, up)) < 0)
+        for (std::size_t i = first; i < model.triangles.size(); ++i)
+            std::swap(model.triangles[i].corners[1], model.triangles[i].corners[2]);
 }
 
 // A bevelled console on a side wall; its front is a lamp field or a plate.
@@ -158,7 +163,7 @@ void addConsole(Model& model, double travel, double side, std::uint32_t front, s
     const auto back = quad(-0.02, 0);
     const auto face = quad(0.13, 0.07);
     const auto add = [&](std::uint32_t a, std::uint32_t b, std::uint32_t c, std::uint32_t d, std::uint32_t surface) {
-        if (side > 0)
+        if (side < 0)
             model.addQuad(a, b, c, d, surface);
         else
             model.addQuad(d, c, b, a, surface);

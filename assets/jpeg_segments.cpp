@@ -122,8 +122,10 @@ void JpegDecoder::readHuffmanTables(Segment segment) {
 void JpegDecoder::readQuantisationTables(Segment segment) {
     while (segment.begin != segment.end) {
         const int number = segment.begin[0] & 15;
-        const int bytes = (segment.begin[0] >> 4) != 0 ? 2 : 1;
+        const bool wide = (segment.begin[0] >> 4) != 0;
         ++segment.begin;
+        // What calls itself 16-bit but has room for 8-bit steps only is taken as such.
+        const int bytes = wide && segment.end - segment.begin >= 128 ? 2 : 1;
         if (number > 3)
             throw JpegError("quantisation table with a number that does not exist");
         if (segment.end - segment.begin < 64 * bytes)

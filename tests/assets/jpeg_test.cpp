@@ -101,6 +101,11 @@ TEST(Jpeg, ReadsVariantsOfTheSamePicture) {
     extra.extraSegments = true;
     for (const JpegRecipe& variant : {joined, wide, extra})
         EXPECT_EQ(decode(makeJpeg(variant), 40, 24), expected);
+    Bytes misnamed = makeJpeg(recipe); // 8-bit steps whose segment calls them 16-bit
+    for (std::size_t i = 0; i + 4 < entropyStart(misnamed); ++i)
+        if (misnamed[i] == 0xFF && misnamed[i + 1] == 0xDB)
+            misnamed[i + 4] |= 0x10;
+    EXPECT_EQ(decode(misnamed, 40, 24), expected);
     Bytes extended = makeJpeg(recipe); // the extended process with 8-bit samples codes alike
     for (std::size_t i = 0; i + 1 < entropyStart(extended); ++i)
         if (extended[i] == 0xFF && extended[i + 1] == 0xC0)

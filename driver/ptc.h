@@ -42,7 +42,7 @@ class Console {
     void load(const Pixel32* pixels);
     void update();
 
-    // The picture that the next update shows turns black.
+    // The picture turns black; a screen shows it at once, since the demo draws nothing until the music leads on.
     void clear();
 
     void close();

@@ -58,6 +58,7 @@ void Console::update() {
 void Console::clear() {
     std::vector<Pixel32>& picture = screen->window->picture();
     std::fill(picture.begin(), picture.end(), 0);
+    screen->window->present(); // the next picture may be long in coming
 }
 
 void Console::close() {

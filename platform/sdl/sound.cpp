@@ -13,6 +13,15 @@ namespace {
 // buffer before has then been heard to its first sample at least, and its sync commands are told.
 class DeviceSound : public SoundOutput {
   public:
+    // A program that ends on an error may leave the device playing a tune that is about to go.
+    ~DeviceSound() override {
+        if (device != 0)
+            close();
+    }
+    DeviceSound() = default;
+    DeviceSound(const DeviceSound&) = delete;
+    DeviceSound& operator=(const DeviceSound&) = delete;
+
     void open() override;
     void close() override;
     void run() override { SDL_PauseAudioDevice(device, 0); }

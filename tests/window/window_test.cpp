@@ -136,6 +136,20 @@ TEST_P(OnScreen, FullScreenAndBack) {
     EXPECT_TRUE(pressed); // the check has not consumed it
 }
 
+// The loading bar goes at once, though nothing is drawn until the music leads on.
+TEST_P(OnScreen, ClearShowsBlack) {
+    open("fullscreen");
+    expectPicture(32, 24, 3, 24);
+    console.clear();
+    std::vector<Pixel32> seen;
+    const std::vector<Pixel32> black(VirtualScreen::width * VirtualScreen::height);
+    for (int i = 0; i < 10 && seen != black; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        seen = VirtualScreen::photograph();
+    }
+    EXPECT_EQ(seen, black);
+}
+
 TEST_P(OnScreen, SignalsAreKeyPresses) {
     for (const int signal : {SIGTERM, SIGINT}) {
         open("windowed");

@@ -136,11 +136,11 @@ World spongeWorld() {
     };
     world.glow = [](Vec3 p) {
         const Vec3 d = p - lamp;
-        return mix(palette::ember, palette::amber, 0.6F) * (0.016F / (0.12F + dot(d, d)));
+        return mix(palette::ember, palette::amber, 0.6F) * (0.010F / (0.12F + dot(d, d)));
     };
     world.keyDirection = {-0.6F, 0.75F, -0.55F};
     world.keyLight = palette::ice * 4.2F;
-    world.fog = mix(palette::ink, palette::deep, 0.35F);
+    world.fog = mix(palette::ink, palette::deep, 0.25F) * 0.7F;
     world.fogDensity = 0.42F;
     world.fogStart = 1.6F;
     world.farthest = 9;
@@ -156,12 +156,12 @@ void makeSpongeCavern(const std::string& path) {
     const World world = spongeWorld();
     // the gallery ends to the right of the middle, where the flares will ring
     Picture picture = renderPicture(
-        512, 384, 3,
+        512, 384, 4,
         [&](float x, float y, std::uint32_t seed) { return trace(world, camera.through(x - 70, y, 512, 384), seed); },
         0.25F);
     picture = withBloom(picture, {2.5F, 0.10F, 18, 0.10F}, Edge::clamp);
     addVignette(picture, 0.5F);
-    writeBitmap(path, developed(picture, {1.7F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.9F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -47,22 +47,26 @@ double ear(double d, Point m) {
 }
 
 double shoulders(Point p, Point m) {
-    double d = capsule(p, {0, 0.10, -0.15}, {0, -0.48, -0.14}, 0.20, 0.245);
-    d = join(d, capsule(m, {0.235, 0.14, -0.07}, {0.045, -0.475, 0.165}, 0.042, 0.046), 0.06); // neck muscle
-    d = join(d, ellipsoid(p, {0, -0.04, 0.16}, {0.055, 0.10, 0.06}), 0.09);                    // throat
-    d = join(d, capsule(m, {0.08, -0.30, -0.22}, {0.62, -0.64, -0.14}, 0.17, 0.17), 0.16);     // trapezius
-    d = join(d, ellipsoid(m, {0.66, -0.78, -0.09}, {0.235, 0.27, 0.255}), 0.16);               // shoulder
-    d = join(d, ellipsoid(p, {0, -0.86, -0.06}, {0.66, 0.44, 0.37}), 0.20);                    // trunk
-    d = join(d, ellipsoid(m, {0.27, -0.80, 0.17}, {0.29, 0.22, 0.19}), 0.12);                  // breast
-    d = join(d, ellipsoid(m, {0.30, -0.74, -0.30}, {0.22, 0.26, 0.14}), 0.14);                 // shoulder blade
-    d = join(d, capsule(m, {0.06, -0.515, 0.215}, {0.56, -0.50, 0.06}, 0.028, 0.022), 0.075);  // collar bone
-    return carve(d, capsule(p, {0, -0.30, -0.40}, {0, -1.1, -0.46}, 0.03, 0.05), 0.12);        // spine
+    double d = capsule(p, {0, 0.10, -0.14}, {0, -0.46, -0.13}, 0.245, 0.285);
+    d = join(d, capsule(m, {0.265, 0.12, -0.07}, {0.05, -0.475, 0.190}, 0.046, 0.048), 0.06); // neck muscle
+    d = join(d, ellipsoid(p, {0, -0.04, 0.16}, {0.055, 0.10, 0.06}), 0.09);                   // throat
+    d = join(d, capsule(m, {0.10, -0.36, -0.22}, {0.64, -0.60, -0.14}, 0.17, 0.18), 0.14);    // trapezius
+    d = join(d, ellipsoid(m, {0.66, -0.78, -0.09}, {0.235, 0.27, 0.255}), 0.16);              // shoulder
+    d = join(d, ellipsoid(p, {0, -0.86, -0.06}, {0.66, 0.44, 0.37}), 0.20);                   // trunk
+    d = join(d, ellipsoid(m, {0.27, -0.80, 0.17}, {0.29, 0.22, 0.19}), 0.12);                 // breast
+    d = join(d, ellipsoid(m, {0.30, -0.74, -0.30}, {0.22, 0.26, 0.14}), 0.14);                // shoulder blade
+    d = join(d, capsule(m, {0.06, -0.515, 0.215}, {0.56, -0.50, 0.06}, 0.028, 0.022), 0.075); // collar bone
+    return carve(d, capsule(p, {0, -0.62, -0.50}, {0, -1.15, -0.50}, 0.04, 0.06), 0.14);      // spine
 }
 
 double bust(Point q) {
     const Point p{q.x, q.y, -q.z};
     const Point m{std::fabs(p.x), p.y, p.z};
-    double d = ear(features(skull(p, m), p, m), m);
+    // the head's parts are measured at a smaller size than it has on these shoulders
+    constexpr double size = 1.12;
+    const Point h = (p + Point{0, 0.05, 0}) * (1 / size);
+    const Point hm{std::fabs(h.x), h.y, h.z};
+    double d = ear(features(skull(h, hm), h, hm), hm) * size;
     d = join(d, shoulders(p, m), 0.055);
     // cut off in a rising curve, as on a plinth
     d = common(d, ellipsoid(p, {0, -0.22, -0.05}, {0.92, 1.22, 0.66}), 0.03);
@@ -75,7 +79,7 @@ Model makeBust() {
     Model model = meshSolid(bust, {-1.05, -1.35, -0.85}, {1.05, 1.25, 0.85}, 0.023);
     simplify(model, 4600);
     for (Point& point : model.points)
-        point = point * 10.5;
+        point = point * 10.3;
     model.addSurface({"skin", {20, 82, 92}, {}, {}});
     return model;
 }

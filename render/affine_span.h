@@ -61,11 +61,6 @@ bool makeAffineRun(AffineRun<layers>& run, const AffineEnd<layers>& a, const Aff
     return run.count > 0;
 }
 
-// The texel of one layer: columns and rows wrap.
-inline Pixel32 texelAt(const Pixel32* texture, std::uint32_t column, std::uint32_t row) {
-    return texture[(row >> 8 & 0xFF00) | (column >> 16 & 0xFF)];
-}
-
 // The plain walk over a run; shade(coordinates, pixel) gives the new pixel.
 template <int layers, class Shade>
 void drawRunPlain(const AffineRun<layers>& run, Shade shade) {

@@ -5,6 +5,7 @@
 #include "core/packed.h"
 #include "render/affine_span.h"
 #include "render/affine_walk.h"
+#include "render/texel.h"
 
 namespace lumenfold {
 

@@ -4,6 +4,7 @@
 #include "render/affine_span.h"
 #include "render/affine_walk.h"
 #include "render/filler_affine.h"
+#include "render/texel.h"
 
 namespace lumenfold {
 

@@ -3,6 +3,7 @@
 #include "core/convert.h"
 #include "core/packed.h"
 #include "render/planar.h"
+#include "render/texel.h"
 
 #include <algorithm>
 
@@ -47,7 +48,7 @@ void drawRun(const PerspectiveTriangle& triangle, std::int64_t at, std::int32_t 
     for (std::int32_t i = 0; i < count; ++i) {
         const float d = w + triangle.depthBias;
         if (depth[i] < d)
-            Operation::write(pixel[i], depth[i], triangle.texture[(v >> 8 & 0xFF00) | (u >> 16 & 0xFF)], d);
+            Operation::write(pixel[i], depth[i], texelAt(triangle.texture, u, v), d);
         u += static_cast<std::uint32_t>(coordinates.uStep);
         v += static_cast<std::uint32_t>(coordinates.vStep);
         w += wStep;

@@ -6,6 +6,7 @@
 #include "core/trig.h"
 #include "render/matrix.h"
 #include "render/ray_field_cell.h"
+#include "render/texel.h"
 #include "render/transform.h"
 
 #include <algorithm>
@@ -112,7 +113,8 @@ void drawCell(const RayField& field, std::size_t topLeft, std::int32_t x, std::i
 
 void fillFieldRow(Pixel32* pixels, std::int32_t count, FieldValue value, FieldValue step, const Pixel32* texture) {
     for (std::int32_t i = 0; i < count; ++i) {
-        const Pixel32 texel = texture[((value.v >> 16) & 255) * 256 + ((value.u >> 16) & 255)];
+        const Pixel32 texel =
+            texelAt(texture, static_cast<std::uint32_t>(value.u), static_cast<std::uint32_t>(value.v));
         const auto shade = static_cast<std::uint32_t>(value.shade >> 16) & 255;
         pixels[i] = subtractSaturated(texel, shade * 0x00010101);
         value = combine(value, step, wrapSub);

@@ -66,10 +66,13 @@ constexpr Spire spires[] = {
 
 double space(Point p) {
     double d = solid::join(ribs(p), -wall(p), 1.2);
+    // what stands clear of d by more than noise and fillet changes nothing; most of the cave is spared the noise
     for (const Spire& s : spires)
-        d = solid::join(d, solid::capsule(p, s.foot, s.tip, s.radius, 0.25) + 0.45 * noise(p, 2.2, 703), 0.9);
-    // an arch from wall to wall on each side of the camera's way
-    d = solid::join(d, solid::torus({p.y + 3, p.z - 13, p.x - 10}, {}, 9.0, 0.9) + 0.5 * noise(p, 2.5, 704), 0.8);
+        if (const double spire = solid::capsule(p, s.foot, s.tip, s.radius, 0.25); spire < d + 1.5)
+            d = solid::join(d, spire + 0.45 * noise(p, 2.2, 703), 0.9);
+    // an arch from wall to wall ahead of the camera
+    if (const double arch = solid::torus({p.y + 3, p.z - 13, p.x - 10}, {}, 9.0, 0.9); arch < d + 1.5)
+        d = solid::join(d, arch + 0.5 * noise(p, 2.5, 704), 0.8);
     return std::max({-d, p.z - front, back - p.z});
 }
 
@@ -134,7 +137,7 @@ Model makeLandscape() {
     }
     const std::uint32_t ribbed = model.addSurface({"ribbed", {}, {}, {}});
     for (Triangle& t : model.triangles)
-        if (t.surface == 0 && ribs(model.centroid(t)) < 0.5)
+        if (t.surface == 0 && model.centroid(t).y > -0.8 && ribs(model.centroid(t)) < 0.5)
             t.surface = ribbed;
     dress(model, 0, "rock", "cave1.jpg", 15);
     dress(model, ribbed, "rib", "coral1.jpg", 11);

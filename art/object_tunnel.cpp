@@ -223,7 +223,7 @@ Model makeTunnel() {
     addEnd(model, addMedallion(model, Axis::Z, corner + Point{0, 0, 1.80}, 0.72), lens, corner);
     const double begin = -turn - baysBefore * bay;
     addEnd(model, addMedallion(model, Axis::Z, placeAt(begin, 0, 0), 1.9), ringAt(begin, 0), corner);
-    dress(model, edge, "plate", "hullpan.jpg", 0.7);
+    dress(model, edge, "plate", "hullpan.jpg", 1.7);
     model.weld(1e-4);
     return model;
 }

@@ -57,7 +57,7 @@ void addHole(Model& model, double x, double y, double halfHeight, std::uint32_t 
 
 } // namespace
 
-Model makeFilmStrip() {
+Model makeFilm() {
     Model model;
     const auto frame = [&](const char* name, const char* image, double x) {
         return addSurface(model, name, {image, Axis::Z, {x, 0, 0}, {frameWidth, frameHeight, 1}});

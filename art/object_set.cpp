@@ -193,7 +193,7 @@ Model makeFireBase() {
 
 // Lettering on both long sides of the sign box. The picture's columns follow z and its rows x, so the two sides have
 // mirrored maps; the box hides the far side.
-Model makeNameplate() {
+Model makeLettering() {
     Model model;
     constexpr double off = 0.004;
     for (const double side : {-1.0, 1.0}) {

@@ -15,7 +15,7 @@ Model makeSeed();        // blob2.lwo
 Model makeKnot();        // blb3.lwo
 Model makePlateLeft();   // svets1.lwo
 Model makePlateRight();  // svets2.lwo
-Model makeFilmStrip();   // filmrulle1.lwo
+Model makeFilm();        // filmrulle1.lwo
 Model makeLandscape();   // mytube3b.lwo
 Model makeWater();       // water.lwo
 Model makeAircraft();    // stealth.lwo
@@ -23,6 +23,6 @@ Model makeCentrepiece(); // credt.lwo
 Model makeClaw();        // claw2.lwo
 Model makeFirePole();    // firepole.lwo
 Model makeFireBase();    // firebase.lwo
-Model makeNameplate();   // nameplate.lwo
+Model makeLettering();   // nameplate.lwo
 
 } // namespace lumenfold::art

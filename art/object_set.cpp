@@ -33,7 +33,8 @@ template <std::size_t count>
 void addTurned(Model& model, const Turned (&profile)[count], int around, std::uint32_t surface) {
     std::vector<std::vector<Point>> rings;
     for (std::size_t i = count; i-- > 0;) // a skin's front is outside where its rings sink
-        rings.push_back(ringAround({0, profile[i].y, 0}, profile[i].radius, around, pi / around));
+        rings.push_back(
+            ringAround({0, profile[i].y, 0}, profile[i].radius, around)); // corners on the axes, where medallions fold
     addSkin(model, rings, surface);
 }
 

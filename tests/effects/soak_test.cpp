@@ -1,0 +1,80 @@
+// Every scene for a while at several frame rates, its flags raised and taken back at random, more wildly than any music
+// would. Meant for a build with sanitizers; without them it still sees whether a scene writes outside its frame.
+// LUMENFOLD_SOAK=600: so many seconds of demo time for each scene instead of two.
+
+#include "show_scenes.h"
+
+#include "effects/dormant.h"
+#include "effects/end_scroller.h"
+#include "effects/framed_fire_pole.h"
+#include "effects/metaball_flares.h"
+#include "effects/pulsing_tube.h"
+#include "effects/sprite_ring_cube.h"
+#include "effects/stealth_flight.h"
+#include "effects/tumbling_showcase.h"
+#include "effects/tunnel_opening.h"
+#include "effects/twin_tunnel.h"
+#include "effects/wave_warp.h"
+#include "effects/welding_film.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <random>
+
+namespace lumenfold::test {
+namespace {
+
+constexpr Pixel32 sentinel = 0xA5C35A3C;
+constexpr std::ptrdiff_t margin = 512 * 4; // pixels before and behind the frame that must stay as they are
+
+const std::initializer_list<Effect> scenes = {
+    tunnelOpening,  spriteRingCube, tumblingShowcase,  twinTunnel,          weldingFilm,    stealthFlight, waveWarp,
+    framedFirePole, pulsingTube,    dormantSparkPlane, dormantFlarePicture, metaballFlares, endScroller};
+
+int secondsOfEach() {
+    const char* asked = std::getenv("LUMENFOLD_SOAK");
+    return asked != nullptr ? std::atoi(asked) : 2;
+}
+
+class RandomFlags {
+  public:
+    void change() {
+        for (SyncByte* flag : {&syncState.syncFlag32, &syncState.syncFlag33, &syncState.syncFlag36,
+                               &syncState.syncFlag37, &syncState.syncFlag39, &syncState.syncFlag59}) {
+            constexpr unsigned rarity = 60; // frames between two changes
+            const auto chance = static_cast<unsigned>(random() % rarity);
+            if (chance < 2)
+                *flag = static_cast<std::uint8_t>(chance);
+        }
+    }
+
+  private:
+    std::mt19937 random;
+};
+
+class Soak : public ShowScenes, public testing::WithParamInterface<int> {};
+
+INSTANTIATE_TEST_SUITE_P(FramesPerSecond, Soak, testing::Values(30, 60, 144), testing::PrintToStringParamName());
+
+TEST_P(Soak, ScenesStayInsideTheirFrame) {
+    constexpr double unitsPerSecond = 15.68;
+    load(scenes);
+    RandomFlags flags;
+    Frame memory(pixelCount(show) + 2 * margin, sentinel);
+    const auto frame = memory.begin() + margin;
+    double time = 3.0;
+    for (const Effect scene : scenes) {
+        clearDepthBuffer();
+        for (int n = 0; n < secondsOfEach() * GetParam(); ++n) {
+            flags.change();
+            scene(show, EffectCommand::Render, &*frame, static_cast<float>(time));
+            time += unitsPerSecond / GetParam();
+        }
+        const auto kept = [](Pixel32 pixel) { return pixel == sentinel; };
+        ASSERT_TRUE(std::all_of(memory.begin(), frame, kept) && std::all_of(memory.end() - margin, memory.end(), kept))
+            << "scene " << &scene - scenes.begin();
+    }
+}
+
+} // namespace
+} // namespace lumenfold::test

@@ -2,6 +2,7 @@
 
 #include "core/kernel_table.h"
 #include "core/random.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -15,21 +16,6 @@ namespace {
 
 using Pixels = std::vector<Pixel32>;
 
-Pixels noise(std::size_t count) {
-    Pixels pixels(count);
-    for (Pixel32& pixel : pixels)
-        pixel = static_cast<Pixel32>(rand()) << 17 ^ static_cast<Pixel32>(rand()) << 8 ^ static_cast<Pixel32>(rand());
-    return pixels;
-}
-
-// One byte at a time, as the operations are defined.
-Pixel32 bytewise(Pixel32 a, Pixel32 b, const std::function<unsigned(unsigned, unsigned)>& operation) {
-    Pixel32 result = 0;
-    for (int shift = 0; shift < 32; shift += 8)
-        result |= (operation(a >> shift & 255, b >> shift & 255) & 255) << shift;
-    return result;
-}
-
 TEST(Packed, EveryPairOfBytesInEveryPlace) {
     const auto add = [](unsigned a, unsigned b) { return a + b > 255 ? 255 : a + b; };
     const auto subtract = [](unsigned a, unsigned b) { return a > b ? a - b : 0; };
@@ -37,10 +23,10 @@ TEST(Packed, EveryPairOfBytesInEveryPlace) {
         for (unsigned b = 0; b < 256; ++b) {
             const Pixel32 x = a << 24 | (255 - b) << 16 | b << 8 | a;
             const Pixel32 y = b << 24 | a << 16 | (a ^ b) << 8 | (255 - a);
-            ASSERT_EQ(addSaturated(x, y), bytewise(x, y, add));
-            ASSERT_EQ(subtractSaturated(x, y), bytewise(x, y, subtract));
+            ASSERT_EQ(addSaturated(x, y), test::perByte(x, y, add));
+            ASSERT_EQ(subtractSaturated(x, y), test::perByte(x, y, subtract));
             ASSERT_EQ(crossFaded(x, y, a),
-                      bytewise(x, y, [a](unsigned p, unsigned q) { return (p * a + q * (255 - a)) >> 8; }));
+                      test::perByte(x, y, [a](unsigned p, unsigned q) { return (p * a + q * (255 - a)) >> 8; }));
         }
 }
 
@@ -49,8 +35,8 @@ void expectSameBits(const std::function<void(Pixels&, const Pixels&, std::size_t
     if (vectorKernels() == nullptr)
         GTEST_SKIP() << "this processor has no vectorised kernels";
     for (std::size_t count = 0; count < 70; ++count) {
-        const Pixels start = noise(count + 3);
-        const Pixels other = noise(count + 3);
+        const Pixels start = test::randomPixels(count + 3, 1);
+        const Pixels other = test::randomPixels(count + 3, 2);
         Pixels plain = start;
         Pixels vector = start;
         setVectorCode(false);
@@ -65,7 +51,7 @@ void expectSameBits(const std::function<void(Pixels&, const Pixels&, std::size_t
 }
 
 TEST(Kernels, VectorisedFormsEqualPlain) {
-    const Pixels texture = noise(texturePixels);
+    const Pixels texture = test::randomPixels(texturePixels, 3);
     std::vector<std::uint16_t> table(100);
     for (std::uint16_t& entry : table)
         entry = static_cast<std::uint16_t>(rand() * 2);
@@ -116,7 +102,7 @@ TEST(Kernels, SmearsReadWhatTheyHaveJustWritten) {
 }
 
 TEST(Kernels, StampIsCutAtEveryEdge) {
-    const Pixels sprite = noise(5 * 3);
+    const Pixels sprite = test::randomPixels(5 * 3, 4);
     for (int y = -4; y <= 9; ++y)
         for (int x = -6; x <= 14; ++x) {
             Pixels target(13 * 8, 0x00101010);

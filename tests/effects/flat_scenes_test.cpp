@@ -9,8 +9,8 @@
 #include "effects/light_spot.h"
 #include "effects/twin_tunnel_grid.h"
 #include "effects/wave_grid.h"
-#include "random_pixels.h"
 #include "show_scenes.h"
+#include "tests/support/pixels.h"
 
 #include <algorithm>
 
@@ -111,6 +111,7 @@ TEST_F(FlatScenes, TwinTunnelThenWaveWarpEqualTheLiteralOnes) {
         syncState.syncFlag59 = openAt(n);
         draw(twinTunnel, frame, tunnelTime(n));
         ASSERT_EQ(syncState.syncFlag37, 0);
+        ASSERT_EQ(syncState.syncFlag59, openAt(n)); // stays
         shipped.push_back(frame);
     }
     for (int n = 0; n < waveFrames; ++n) {

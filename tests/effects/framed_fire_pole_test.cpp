@@ -5,25 +5,19 @@
 namespace lumenfold {
 namespace {
 
-class FramedFirePole : public test::ShowScenes {
-  protected:
-    static bool inPane(std::size_t i) {
-        const std::size_t x = i % 512, y = i / 512;
-        return x >= 160 && x < 480 && y >= 85 && y < 305;
-    }
-};
+using FramedFirePole = test::ShowScenes;
 
-TEST_F(FramedFirePole, FirstFramePaintsThePictureAndLaterOnesOnlyThePane) {
+TEST_F(FramedFirePole, LaterFramesPaintOnlyThePane) {
     load({framedFirePole});
-    const test::Frame frame3d = picture("3dframe.jpg", 512, 384);
-    test::Frame frame(pixelCount(test::show), 0x00ABCDEF);
+    test::Frame frame = blank();
     draw(framedFirePole, frame, 100.0F);
-    for (std::size_t i = 0; i < frame.size(); ++i)
-        ASSERT_TRUE(inPane(i) || frame[i] == frame3d[i]) << i;
     frame.assign(frame.size(), 0x00ABCDEF);
     draw(framedFirePole, frame, 101.0F);
-    for (std::size_t i = 0; i < frame.size(); ++i)
-        ASSERT_EQ(frame[i] == 0x00ABCDEF, !inPane(i)) << i;
+    for (std::size_t i = 0; i < frame.size(); ++i) {
+        const std::size_t x = i % 512, y = i / 512;
+        const bool inPane = x >= 160 && x < 480 && y >= 85 && y < 305;
+        ASSERT_EQ(frame[i] == 0x00ABCDEF, !inPane) << i;
+    }
 }
 
 // Eight jumps of 32 texels are a whole turn of the plate's texture; fewer show it elsewhere.

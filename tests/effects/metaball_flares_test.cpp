@@ -3,9 +3,9 @@
 #include "core/convert.h"
 #include "core/trig.h"
 #include "effects/metaballs.h"
-#include "random_pixels.h"
 #include "render/ray_field.h"
 #include "show_scenes.h"
+#include "tests/support/pixels.h"
 
 #include <cmath>
 

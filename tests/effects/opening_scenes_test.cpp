@@ -5,7 +5,6 @@
 #include "effects/tumbling_showcase.h"
 #include "effects/tunnel_opening.h"
 
-#include "assets/lightwave.h"
 #include "assets/prepare.h"
 #include "core/convert.h"
 #include "core/trig.h"
@@ -13,9 +12,9 @@
 #include "effects/sprite_ring.h"
 #include "effects/strip_reveal.h"
 #include "effects/tunnel_tables.h"
-#include "random_pixels.h"
 #include "render/scene.h"
 #include "show_scenes.h"
+#include "tests/support/pixels.h"
 
 #include <algorithm>
 #include <utility>
@@ -37,14 +36,6 @@ struct Moment {
 
 class OpeningScenes : public test::ShowScenes {
   protected:
-    static Mesh& add(Scene& scene, const char* name) {
-        Mesh& mesh = *scene.addObject();
-        readLightWaveObject(name, mesh, 1);
-        return mesh;
-    }
-
-    static float single(double value) { return static_cast<float>(value); }
-
     static void blend(Frame& frame, const Frame& other, int a, std::size_t from, std::size_t to) {
         for (std::size_t i = from; i < to; ++i)
             frame[i] = perByte(frame[i], other[i], [a](Pixel32 p, Pixel32 q) {

@@ -4,11 +4,10 @@
 #include "core/convert.h"
 #include "core/trig.h"
 
-#include "random_pixels.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 
 namespace lumenfold {
@@ -75,43 +74,6 @@ TEST(SpriteRing, MatchesTheDescriptionFrameByFrame) {
         ASSERT_EQ(ring.frequency, plain.F);
     }
     EXPECT_NE(ring.frequency, 2.0F); // the run has crossed a change of the number of crests
-}
-
-TEST(SpriteRing, FirstCallsGrowTheRing) {
-    const std::vector<Pixel32> sprite(32 * 32, 1);
-    SpriteRing ring;
-    ring.sprite = sprite.data();
-    for (const int expectedSprites : {0, 1, 2}) {
-        std::vector<Pixel32> pixels(512 * 384);
-        drawSpriteRing(ring, frame, 30.0, pixels.data(), false);
-        Pixel32 sum = 0;
-        for (const Pixel32 pixel : pixels)
-            sum += pixel;
-        EXPECT_EQ(sum, static_cast<Pixel32>(expectedSprites * 32 * 32));
-    }
-    std::vector<Pixel32> pixels(512 * 384);
-    for (int call = 0; call < 200; ++call)
-        drawSpriteRing(ring, frame, 30.0, pixels.data(), false);
-    EXPECT_EQ(ring.span, 360);
-}
-
-// At T = 0 the ring is a circle of radius 60 + pulse, and its first sprite stands to the right of the middle.
-TEST(SpriteRing, PulseFallsInStepsAndLeavesTwo) {
-    const std::vector<Pixel32> sprite(32 * 32, 1);
-    SpriteRing ring;
-    ring.sprite = sprite.data();
-    const auto push = [&](bool pulse) {
-        std::vector<Pixel32> pixels(512 * 384);
-        ring.span = 3;
-        drawSpriteRing(ring, frame, 0.0, pixels.data(), pulse);
-        const auto first = std::find_if(pixels.begin(), pixels.end(), [](Pixel32 pixel) { return pixel != 0; });
-        return static_cast<int>((first - pixels.begin()) % 512) + 16 - 256 - 60;
-    };
-    EXPECT_EQ(push(false), 0);
-    for (const int expected : {20, 17, 14, 11})
-        EXPECT_EQ(push(expected == 20), expected);
-    for (const int expected : {20, 17, 14, 11, 8, 5, 2, 2, 2})
-        EXPECT_EQ(push(expected == 20), expected);
 }
 
 TEST(SpriteRing, OutsideThePictureIsLeftOut) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "assets/image.h"
+#include "assets/lightwave.h"
 #include "core/effect.h"
 #include "core/random.h"
 #include "core/sync_state.h"
@@ -38,7 +39,7 @@ class ShowScenes : public testing::Test {
     }
 
     // A new run of the program that loads only these scenes.
-    void load(std::initializer_list<Effect> scenes) {
+    void load(const std::vector<Effect>& scenes) {
         textureCache.open();
         syncState.zero();
         resetRand();
@@ -51,6 +52,14 @@ class ShowScenes : public testing::Test {
     }
 
     static void draw(Effect scene, Frame& frame, float time) { scene(show, EffectCommand::Render, frame.data(), time); }
+
+    static Mesh& add(Scene& scene, const char* name) {
+        Mesh& mesh = *scene.addObject();
+        readLightWaveObject(name, mesh, 1);
+        return mesh;
+    }
+
+    static float single(double value) { return static_cast<float>(value); }
 
     static Frame blank() { return Frame(pixelCount(show)); }
 

@@ -46,24 +46,6 @@ TEST_F(StealthFlight, FlagShakesEightFramesAndStartsAgain) {
     }
 }
 
-// Far beyond the wall of the fade the camera's turn repeats every 450 units; only the fade tells the frames apart,
-// so that the factor is read from the brightest byte.
-TEST_F(StealthFlight, FadeFactorReachesNothingAt460AndWraps) {
-    const auto frames = run({0.0F, 332.0F, 332.4F, 396.0F, 459.4F, 460.0F, 461.0F}, {});
-    const auto brightest = [&](std::size_t n) {
-        Pixel32 most = 0;
-        for (const Pixel32 pixel : frames[n])
-            most = std::max({most, pixel & 255, pixel >> 8 & 255, pixel >> 16 & 255});
-        return most;
-    };
-    EXPECT_GT(brightest(1), 100U);
-    EXPECT_NEAR(brightest(2), brightest(1), 8); // 255 / 256
-    EXPECT_LE(brightest(3), 127U);              // 128
-    EXPECT_EQ(brightest(4), 0U);                // 1
-    EXPECT_EQ(brightest(5), 0U);                // 0
-    EXPECT_GT(brightest(6), 60U);               // -2 reads as 254
-}
-
 TEST_F(StealthFlight, HeldPictureIsTheFirstOne) {
     load({stealthFlight});
     EXPECT_GT(std::count_if(heldPicture(), heldPicture() + pixelCount(test::show), [](Pixel32 p) { return p != 0; }),

@@ -1,6 +1,6 @@
 #include "effects/strip_reveal.h"
 
-#include "random_pixels.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 

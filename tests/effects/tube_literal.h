@@ -3,8 +3,8 @@
 #include "core/convert.h"
 #include "core/trig.h"
 #include "effects/tube.h"
-#include "random_pixels.h"
 #include "render/depth_buffer.h"
+#include "tests/support/pixels.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,6 @@
-#include "effects/title_logo.h"
 #include "effects/tunnel_dissolve.h"
 
-#include "random_pixels.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -56,26 +55,6 @@ TEST(TunnelDissolve, OffsetMovesOneColumnAndBackInRows) {
     dissolve.offset = 2147483647;
     dissolve.move(0);
     EXPECT_EQ(dissolve.offset, -2147483647 - 1);
-}
-
-TEST(TitleLogo, SmearReadsWhatItHasSmeared) {
-    const int count = TitleLogo::width * TitleLogo::height;
-    std::vector<Pixel32> expected = randomPixels(static_cast<std::size_t>(count), 4);
-    TitleLogo logo;
-    logo.set(expected);
-    for (int frame = 0; frame < 3; ++frame) {
-        for (int i = 0; i < count; ++i) {
-            const auto quarterOf = [&](int at) {
-                return at < 0 || at >= count ? 0 : expected[static_cast<std::size_t>(at)] >> 2 & 0x3F3F3F3F;
-            };
-            expected[static_cast<std::size_t>(i)] =
-                quarterOf(i + 4) + quarterOf(i - 4) + quarterOf(i + 1) + quarterOf(i - 1);
-        }
-        logo.blur();
-        std::vector<Pixel32> shipped(static_cast<std::size_t>(count));
-        logo.addTo(shipped.data());
-        ASSERT_EQ(shipped, expected) << "frame " << frame;
-    }
 }
 
 } // namespace

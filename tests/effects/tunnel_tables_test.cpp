@@ -49,18 +49,5 @@ TEST(TunnelTables, EveryEntry) {
     }
 }
 
-// Right of the middle and below it, so that exchanged operands show: column and row of one entry each.
-TEST(TunnelTables, DirectionOfTheAngle) {
-    const FrameInfo size{512, 270, 0, 0, 0};
-    const std::size_t right = 135 * 512 + 256 + 100, below = (135 + 100) * 512 + 256;
-    TunnelTable table;
-    buildTunnelTable(table, size);
-    EXPECT_EQ(table[right], 40 << 8 | 127); // a quarter turn: pi / 2 x 81.48 = 127.98
-    EXPECT_EQ(table[below], 40 << 8 | 0);
-    buildSpiralTable(table, size);
-    EXPECT_EQ(table[right], 195 << 8 | 33);
-    EXPECT_EQ(table[below], 195 << 8 | 97); // pi / 2 x 40.74 + 33.33 = 97.3
-}
-
 } // namespace
 } // namespace lumenfold

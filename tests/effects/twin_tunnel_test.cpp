@@ -4,7 +4,7 @@
 
 #include "core/convert.h"
 #include "core/trig.h"
-#include "random_pixels.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -119,21 +119,6 @@ TEST(Freeze, TintsTheMeanAndKeepsTheTopByte) {
         const int m = static_cast<int>((frame[i] & 255) + (frame[i] >> 8 & 255) + (frame[i] >> 16 & 255)) / 3;
         const int red = truncate(m * 0.9) & 255, blue = std::min(truncate(m * 1.05), 255);
         ASSERT_EQ(still[i], (before[i] & 0xFF000000) + static_cast<Pixel32>(red * 65536 + m * 256 + blue)) << i;
-    }
-}
-
-TEST(Flash, IsLoweredBeforeItIsAddedAndGoesOut) {
-    const auto picture = randomPixels(1001, 9);
-    Flash flash;
-    auto frame = picture;
-    flash.addTo(frame.data(), frame.size());
-    EXPECT_EQ(frame, picture);
-    flash.strike();
-    for (const Pixel32 level : {223U, 191U, 159U, 127U, 95U, 63U, 31U, 0U, 0U, 0U}) {
-        frame = picture;
-        flash.addTo(frame.data(), frame.size());
-        for (std::size_t i = 0; i < frame.size(); ++i)
-            ASSERT_EQ(frame[i], saturatedSum(picture[i], level * 0x01010101)) << "level " << level;
     }
 }
 

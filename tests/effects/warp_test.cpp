@@ -1,6 +1,6 @@
 #include "effects/warp.h"
 
-#include "random_pixels.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -70,7 +70,7 @@ struct Area {
 class QuadWarp : public testing::TestWithParam<Area> {};
 
 TEST_P(QuadWarp, MatchesTheRowByRowWalk) {
-    const auto [width, height, low, high] = GetParam();
+    const int width = GetParam().width, height = GetParam().height, low = GetParam().low, high = GetParam().high;
     const FrameInfo area{width, height, 0, 0, 0};
     const auto source = randomPixels(512 * 512, 1);
     std::vector<Pixel32> expected(static_cast<std::size_t>(width * height) + 8, 7);

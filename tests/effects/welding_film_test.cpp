@@ -5,8 +5,8 @@
 #include "effects/sprite_ring_cube.h"
 #include "effects/stealth_flight.h"
 #include "effects/twin_tunnel.h"
-#include "random_pixels.h"
 #include "show_scenes.h"
+#include "tests/support/pixels.h"
 
 #include <algorithm>
 

@@ -24,8 +24,8 @@ std::unique_ptr<TextureLayer> layerOf(std::vector<Pixel32>& texels) {
 
 // One face with its own corners, material and two textures.
 struct TestFace {
-    std::vector<Pixel32> first = noiseTexture(1);
-    std::vector<Pixel32> second = noiseTexture(2);
+    std::vector<Pixel32> first = randomPixels(texturePixels, 1);
+    std::vector<Pixel32> second = randomPixels(texturePixels, 2);
     std::array<MeshVertex, 3> vertices{};
     MeshMaterial material;
     MeshFace face;

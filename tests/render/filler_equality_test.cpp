@@ -15,8 +15,8 @@ namespace lumenfold::test {
 namespace {
 
 struct Textures {
-    std::vector<Pixel32> first = noiseTexture(1);
-    std::vector<Pixel32> second = noiseTexture(2);
+    std::vector<Pixel32> first = randomPixels(texturePixels, 1);
+    std::vector<Pixel32> second = randomPixels(texturePixels, 2);
 };
 const Textures& textures() {
     static const Textures all;

@@ -85,7 +85,7 @@ int triangleCount() {
 
 void storm(bool vector) {
     setVectorCode(vector);
-    const std::vector<Pixel32> texture = noiseTexture(3);
+    const std::vector<Pixel32> texture = randomPixels(texturePixels, 3);
     Random random(vector ? 11 : 12);
     const int sizes[][2] = {{64, 24}, {1, 1}, {7, 5}, {512, 3}, {16, 32}};
     for (const auto& size : sizes) {

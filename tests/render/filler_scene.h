@@ -4,13 +4,14 @@
 #include "core/pixel.h"
 #include "filler_reference.h"
 #include "render/depth_buffer.h"
+#include "tests/support/pixels.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <random>
 #include <vector>
 
-// What the filler tests share: pictures between guard bands, textures, random triangles.
+// What the filler tests share: pictures between guard bands, random numbers.
 
 namespace lumenfold::test {
 
@@ -21,14 +22,6 @@ inline float between(Random& random, float low, float high) {
 }
 inline int below(Random& random, int count) {
     return std::uniform_int_distribution<int>(0, count - 1)(random);
-}
-
-inline std::vector<Pixel32> noiseTexture(unsigned seed) {
-    Random random(seed);
-    std::vector<Pixel32> texels(texturePixels);
-    for (Pixel32& texel : texels)
-        texel = random();
-    return texels;
 }
 
 // A target and a depth buffer with guard bands before and behind; the fillers' depth buffer while it lives.

@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(PlainAndVector, RayFieldTest, testing::Bool());
 
 TEST_P(RayFieldTest, EqualsTheReference) {
     Random random(8);
-    const std::vector<Pixel32> texture = noiseTexture(9);
+    const std::vector<Pixel32> texture = randomPixels(texturePixels, 9);
     for (int round = 0; round < 120; ++round) {
         RayField field = makeRayField(round % 2 == 0 ? RayShape::Plane : RayShape::Tunnel, texture.data());
         field.angles = {between(random, -180, 180), between(random, -180, 180), between(random, -180, 180)};
@@ -164,7 +164,7 @@ TEST_P(RayFieldTest, ScrollMovesTheTexture) {
 }
 
 TEST_P(RayFieldTest, FramesOfOtherSizesStayInside) {
-    const std::vector<Pixel32> texture = noiseTexture(10);
+    const std::vector<Pixel32> texture = randomPixels(texturePixels, 10);
     for (const int width : {1, 31, 32, 50, 500, 640}) {
         for (const int height : {1, 23, 24, 100, 400}) {
             GuardedPicture picture(width, height);

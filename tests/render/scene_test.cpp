@@ -43,7 +43,7 @@ class SceneTest : public testing::Test {
     }
     bool drawnAt(int x, int y) { return picture.depth()[y * 64 + x] > 0.0F; }
 
-    std::vector<Pixel32> texture = noiseTexture(6);
+    std::vector<Pixel32> texture = randomPixels(texturePixels, 6);
     GuardedPicture picture{64, 48};
     Scene scene;
 };

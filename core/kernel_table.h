@@ -14,6 +14,8 @@ struct KernelTable {
     void (*fade)(Pixel32* pixels, std::uint8_t factor, std::size_t count);
     void (*crossFade)(Pixel32* pixels, const Pixel32* other, std::uint8_t factor, std::size_t count);
     void (*averageHalves)(Pixel32* destination, const Pixel32* a, const Pixel32* b, std::size_t count);
+    void (*smearHalves)(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count);
+    void (*smearQuarters)(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count);
     void (*mapTable)(Pixel32* destination, const std::uint16_t* table, std::int32_t offset, const Pixel32* texture,
                      std::size_t count);
     void (*mapTableReversed)(Pixel32* destination, const std::uint16_t* table, std::int32_t offset,

@@ -43,20 +43,12 @@ void averageHalves(Pixel32* destination, const Pixel32* a, const Pixel32* b, std
     kernels->averageHalves(destination, a, b, count);
 }
 
-// The smears depend on the pixels that they have just written, so one after the other is their only order.
 void smearHalves(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
-    for (Pixel32* pixel = pixels; pixel != pixels + count; ++pixel)
-        *pixel = half(pixel[distance]) + half(pixel[-distance]);
+    kernels->smearHalves(pixels, distance, count);
 }
 
 void smearQuarters(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
-    if (count == 0)
-        return;
-    Pixel32 behind = pixels[-1];
-    for (Pixel32* pixel = pixels; pixel != pixels + count; ++pixel) {
-        behind = quarter(behind) + quarter(pixel[1]) + quarter(pixel[-distance]) + quarter(pixel[distance]);
-        *pixel = behind;
-    }
+    kernels->smearQuarters(pixels, distance, count);
 }
 
 void mapTable(Pixel32* destination, const std::uint16_t* table, std::int32_t offset, const Pixel32* texture,

@@ -83,6 +83,123 @@ void average(Pixel32* destination, const Pixel32* a, const Pixel32* b, std::size
     plainKernels.averageHalves(destination + i, a + i, b + i, count - i);
 }
 
+// Stores the first lanes alone; a masked store would hold up the loads behind it.
+template <int count>
+void storeFirst(Pixel32* pixels, __m256i value) {
+    if constexpr (count == 8)
+        return store(pixels, value);
+    __m128i part = _mm256_castsi256_si128(value);
+    if constexpr ((count & 4) != 0) {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(pixels), part);
+        part = _mm256_extracti128_si256(value, 1);
+    }
+    if constexpr ((count & 2) != 0) {
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(pixels + (count & 4)), part);
+        part = _mm_unpackhi_epi64(part, part);
+    }
+    if constexpr ((count & 1) != 0)
+        pixels[count & 6] = static_cast<Pixel32>(_mm_cvtsi128_si32(part));
+}
+
+// As many pixels at a time as the distance: none of them depends on another, and they are those behind for the next.
+template <int distance>
+void smearHalvesNear(Pixel32* pixels, std::size_t count) {
+    std::size_t i = 0;
+    if (count >= lanes) {
+        __m256i behind = load(pixels - distance);
+        for (; i + lanes <= count; i += distance) {
+            behind = _mm256_add_epi32(halves(behind), halves(load(pixels + i + distance)));
+            storeFirst<distance>(pixels + i, behind);
+        }
+    }
+    plainKernels.smearHalves(pixels + i, distance, count - i);
+}
+
+void smearHalvesFar(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        Pixel32* p = pixels + i;
+        store(p, _mm256_add_epi32(halves(load(p - distance)), halves(load(p + distance))));
+    }
+    plainKernels.smearHalves(pixels + i, distance, count - i);
+}
+
+void smearHalves(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
+    constexpr void (*near[])(Pixel32*, std::size_t) = {smearHalvesNear<1>, smearHalvesNear<2>, smearHalvesNear<3>,
+                                                       smearHalvesNear<4>, smearHalvesNear<5>, smearHalvesNear<6>,
+                                                       smearHalvesNear<7>, smearHalvesNear<8>};
+    if (distance <= static_cast<std::ptrdiff_t>(lanes))
+        near[distance - 1](pixels, count);
+    else
+        smearHalvesFar(pixels, distance, count);
+}
+
+__m256i quarters(__m256i pixels) {
+    return _mm256_and_si256(_mm256_srli_epi32(pixels, 2), broadcast(0x3F3F3F3F));
+}
+
+// One pixel after the other, its bytes 16 bits wide in the lower half: two instructions from one to the next.
+struct Smear {
+    __m128i pixel;
+
+    // rest: two pixels' three other quarters. Returns the two pixels.
+    __m128i next(__m128i rest) {
+        const __m128i first = _mm_add_epi16(_mm_srli_epi16(pixel, 2), rest);
+        pixel = _mm_add_epi16(_mm_srli_epi16(first, 2), _mm_unpackhi_epi64(rest, rest));
+        return _mm_unpacklo_epi64(first, pixel);
+    }
+    __m128i nextFour(__m128i rest) {
+        const __m128i first = next(_mm_cvtepu8_epi16(rest));
+        return _mm_packus_epi16(first, next(_mm_unpackhi_epi8(rest, _mm_setzero_si128())));
+    }
+};
+
+Smear smearFrom(const Pixel32* pixel) {
+    return {_mm_cvtepu8_epi16(_mm_cvtsi32_si128(static_cast<int>(*pixel)))};
+}
+
+// A distance of four pixels: those go on in the registers, 16 bits wide, from four to four.
+std::size_t smearQuartersNear(Pixel32* pixels, std::size_t count) {
+    const auto loadFour = [](const Pixel32* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
+    const auto quartersOf = [](__m128i p) { return _mm_and_si128(_mm_srli_epi32(p, 2), _mm_set1_epi32(0x3F3F3F3F)); };
+    const __m128i zero = _mm_setzero_si128();
+    Smear smear = smearFrom(pixels - 1);
+    __m128i first = _mm_unpacklo_epi8(loadFour(pixels - 4), zero);
+    __m128i second = _mm_unpackhi_epi8(loadFour(pixels - 4), zero);
+    std::size_t i = 0;
+    for (; i + 4 <= count; i += 4) {
+        Pixel32* p = pixels + i;
+        const __m128i ahead = _mm_add_epi32(quartersOf(loadFour(p + 1)), quartersOf(loadFour(p + 4)));
+        first = smear.next(_mm_add_epi16(_mm_unpacklo_epi8(ahead, zero), _mm_srli_epi16(first, 2)));
+        second = smear.next(_mm_add_epi16(_mm_unpackhi_epi8(ahead, zero), _mm_srli_epi16(second, 2)));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(p), _mm_packus_epi16(first, second));
+    }
+    return i;
+}
+
+// From eight pixels on all quarters but that of the pixel behind are known for eight at once.
+std::size_t smearQuartersFar(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
+    Smear smear = smearFrom(pixels - 1);
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        Pixel32* p = pixels + i;
+        const __m256i beside = _mm256_add_epi32(quarters(load(p - distance)), quarters(load(p + distance)));
+        const __m256i rest = _mm256_add_epi32(beside, quarters(load(p + 1)));
+        const __m128i first = smear.nextFour(_mm256_castsi256_si128(rest));
+        store(p, _mm256_set_m128i(smear.nextFour(_mm256_extracti128_si256(rest, 1)), first));
+    }
+    return i;
+}
+
+void smearQuarters(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
+    std::size_t done = 0;
+    if (distance == 4)
+        done = smearQuartersNear(pixels, count);
+    else if (distance >= static_cast<std::ptrdiff_t>(lanes))
+        done = smearQuartersFar(pixels, distance, count);
+    plainKernels.smearQuarters(pixels + done, distance, count - done);
+}
+
 __m256i lookUp(const std::uint16_t* table, __m256i offset, const Pixel32* texture) {
     const __m256i entries = _mm256_cvtepu16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(table)));
     const __m256i index = _mm256_and_si256(_mm256_add_epi32(entries, offset), _mm256_set1_epi32(0xFFFF));
@@ -126,7 +243,8 @@ void addBlock(Pixel32* destination, int destinationPitch, const Pixel32* source,
         add(destination, destination, source, static_cast<std::size_t>(width));
 }
 
-const KernelTable avx2Kernels = {add, addConstant, fade, crossFade, average, map, mapReversed, overlay, addBlock};
+const KernelTable avx2Kernels = {add,           addConstant, fade,        crossFade, average, smearHalves,
+                                 smearQuarters, map,         mapReversed, overlay,   addBlock};
 
 } // namespace
 

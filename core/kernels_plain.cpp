@@ -30,6 +30,22 @@ void averagePlain(Pixel32* destination, const Pixel32* a, const Pixel32* b, std:
         destination[i] = half(a[i]) + half(b[i]);
 }
 
+// The smears depend on the pixels that they have just written, so one after the other is their only order.
+void smearHalvesPlain(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
+    for (Pixel32* pixel = pixels; pixel != pixels + count; ++pixel)
+        *pixel = half(pixel[distance]) + half(pixel[-distance]);
+}
+
+void smearQuartersPlain(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
+    if (count == 0)
+        return;
+    Pixel32 behind = pixels[-1];
+    for (Pixel32* pixel = pixels; pixel != pixels + count; ++pixel) {
+        behind = quarter(behind) + quarter(pixel[1]) + quarter(pixel[-distance]) + quarter(pixel[distance]);
+        *pixel = behind;
+    }
+}
+
 Pixel32 lookUp(std::uint16_t entry, std::int32_t offset, const Pixel32* texture) {
     return texture[(entry + static_cast<std::uint32_t>(offset)) & 0xFFFF];
 }
@@ -59,7 +75,8 @@ void addBlockPlain(Pixel32* destination, int destinationPitch, const Pixel32* so
 
 } // namespace
 
-const KernelTable plainKernels = {addPlain, addConstantPlain, fadePlain,    crossFadePlain, averagePlain,
-                                  mapPlain, mapReversedPlain, overlayPlain, addBlockPlain};
+const KernelTable plainKernels = {addPlain,         addConstantPlain, fadePlain,          crossFadePlain,
+                                  averagePlain,     smearHalvesPlain, smearQuartersPlain, mapPlain,
+                                  mapReversedPlain, overlayPlain,     addBlockPlain};
 
 } // namespace lumenfold

@@ -101,6 +101,26 @@ TEST(Kernels, SmearsReadWhatTheyHaveJustWritten) {
     EXPECT_EQ(field[19], 0x00030303U);
 }
 
+// Distances within a vector, of one and beyond it; before the run and behind it as many pixels as they reach.
+TEST(Kernels, VectorisedSmearsEqualPlain) {
+    using Smear = void (*)(Pixel32*, std::ptrdiff_t, std::size_t);
+    for (const Smear smear : {Smear{smearHalves}, Smear{smearQuarters}})
+        for (const std::size_t distance : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 15U, 16U, 17U, 64U}) {
+            if (distance == 1 && smear == Smear{smearQuarters})
+                continue;
+            for (std::size_t count = 0; count < 100; ++count) {
+                Pixels forms[2];
+                for (const bool vectorised : {false, true}) {
+                    setVectorCode(vectorised);
+                    Pixels& pixels = forms[vectorised];
+                    pixels = test::randomPixels(distance + count + distance, 5);
+                    smear(pixels.data() + distance, static_cast<std::ptrdiff_t>(distance), count);
+                }
+                ASSERT_EQ(forms[0], forms[1]) << "distance " << distance << ", " << count << " pixels";
+            }
+        }
+}
+
 TEST(Kernels, StampIsCutAtEveryEdge) {
     const Pixels sprite = test::randomPixels(5 * 3, 4);
     for (int y = -4; y <= 9; ++y)

@@ -1,5 +1,6 @@
 #include "platform/player/module_player.h"
 
+#include "assets/file.h"
 #include "platform/player/xm_layout.h"
 
 #include <libopenmpt/libopenmpt.hpp>
@@ -8,10 +9,10 @@
 #include <cerrno>
 #include <cmath>
 #include <cstring>
-#include <fstream>
-#include <iterator>
+#include <optional>
 #include <ostream>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace lumenfold {
@@ -52,10 +53,10 @@ std::vector<PatternCommands> readPatterns(const openmpt::module& file) {
 
 std::vector<std::uint8_t> readTune(const std::string& fileName) {
     errno = 0;
-    std::ifstream stream(fileName, std::ios::binary);
-    if (!stream)
+    std::optional<std::vector<std::uint8_t>> bytes = readFile(fileName.c_str());
+    if (!bytes)
         throw std::runtime_error(fileName + ": cannot be opened: " + std::strerror(errno));
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    return std::move(*bytes);
 }
 
 } // namespace

@@ -56,16 +56,17 @@ void makeSparkFlare(const std::string& path) {
 }
 
 // "petrolflare.jpg": flare of the feedback ring. It is added to its own fading trail dozens of times, so every lobe is
-// a pure colour, dim, and clear of the others: the sum stays teal, violet and amber instead of white.
+// a pure colour, dim, and clear of the others. Red is the weakest channel by far: where everything overlaps, the sum
+// ends in teal and violet instead of white.
 void makePetrolFlare(const std::string& path) {
     const Picture picture = sprite(32, [](float x, float y) {
-        const Colour tealOnly = palette::teal * Vec3{0, 1, 0.8F};
-        const Colour violetOnly = palette::violet * Vec3{0.7F, 0, 1};
-        const Colour amberOnly = palette::amber * Vec3{1, 0.7F, 0};
+        const Colour tealOnly = palette::teal * Vec3{0, 1, 0.75F};
+        const Colour violetOnly = palette::violet * Vec3{0.35F, 0, 1};
+        const Colour amberOnly = palette::amber * Vec3{1, 0.35F, 0};
         const auto lobe = [&](float atX, float atY, float width) { return bell(length(x - atX, y - atY), width); };
-        Colour light = tealOnly * (0.20F * lobe(-0.18F, -0.20F, 0.18F));
-        light += violetOnly * (0.11F * lobe(-0.22F, 0.38F, 0.16F));
-        light += amberOnly * (0.15F * lobe(0.40F, 0.12F, 0.16F));
+        Colour light = tealOnly * (0.095F * lobe(-0.10F, -0.24F, 0.16F));
+        light += violetOnly * (0.026F * lobe(-0.22F, 0.38F, 0.16F));
+        light += amberOnly * (0.046F * lobe(0.44F, 0.14F, 0.13F));
         return light;
     });
     // Rounding in the file leaves single bits of colour on a black rim; a slightly different exposure rounds otherwise.

@@ -16,7 +16,7 @@ namespace {
 constexpr int width = 512;
 constexpr int height = 80;
 constexpr int scale = 4; // the lettering is worked on four times as large
-constexpr float bevel = 3.4F;
+constexpr float bevel = 2.2F;
 
 // The line of the fold: rises to the right.
 float foldAt(float x) {
@@ -51,20 +51,13 @@ Picture distanceInside(const Picture& mask, int reach) {
     return distance;
 }
 
-// Cold above the horizon, warm below; t = 0 at the horizon, 1 straight up or down.
-Colour coldSky(float t) {
-    const Colour stops[] = {palette::ice * 1.15F,   palette::ice * 0.6F,  palette::teal * 0.9F,
-                            palette::petrol * 0.8F, palette::deep * 1.6F, palette::ice * 0.65F};
-    const float place = saturate(t) * 4.999F;
-    const int i = static_cast<int>(place);
-    return mix(stops[i], stops[i + 1], place - static_cast<float>(i));
+// The flat face of a letter: ice falling to teal above the fold, gold falling to amber below it. It is added to a
+// moving picture, so it never gets dark. t = 0 at the fold, 1 at the far end of the letter.
+Colour coldFace(float t) {
+    return mix(palette::teal * 0.62F, palette::ice * 0.85F, smoothStep(0.05F, 1, t));
 }
-Colour warmGround(float t) {
-    const Colour stops[] = {palette::ink, palette::ember * 0.6F, palette::amber * 0.8F, palette::gold,
-                            palette::ember * 0.6F};
-    const float place = saturate(t) * 3.999F;
-    const int i = static_cast<int>(place);
-    return mix(stops[i], stops[i + 1], place - static_cast<float>(i));
+Colour warmFace(float t) {
+    return mix(palette::gold * 0.80F, palette::amber * 0.72F, smoothStep(0, 0.75F, t));
 }
 
 // Half-size steps of `scale`: the mean of each block.
@@ -80,15 +73,21 @@ Picture reduced(const Picture& large) {
     return small;
 }
 
-// The chrome of one letter pixel: its bevel's normal, leaned towards the fold, mirrors a cold or a warm half.
-Colour chrome(float x, float y, float slopeX, float slopeY, float inside) {
-    const bool above = y < foldAt(x);
-    const Vec3 n = normalize({-slopeX + (above ? 0.10F : -0.06F), -slopeY + (above ? -0.34F : 0.42F), 1});
-    const float ripple = 0.10F * sine(x * 0.045F + 1.3F) + 0.05F * sine(x * 0.11F + 4 * n.z * n.x);
-    const float elevation = -2 * n.z * n.y + ripple;
-    Colour light = elevation > 0 ? coldSky(elevation) : warmGround(-elevation);
-    const float key = power(saturate(dot(n, {-0.52F, -0.60F, 0.61F})), 38);
-    light += palette::ice * (1.1F * key) + palette::teal * (0.55F * saturate(1 - inside / 0.7F));
+// One letter pixel: the face, and a bevel lit by the tall key at the upper left and the amber rim at the right.
+Colour chrome(float x, float y, float slopeX, float slopeY) {
+    constexpr float ascender = 9;
+    constexpr float baseline = 62;
+    const float fold = foldAt(x);
+    const bool above = y < fold;
+    const Colour face =
+        above ? coldFace(saturate((fold - y) / (fold - ascender))) : warmFace(saturate((y - fold) / (baseline - fold)));
+    const Vec3 n = normalize({-slopeX, -slopeY, 1});
+    const float tilt = 1 - n.z;
+    const float key = saturate(dot(n, {-0.55F, -0.62F, 0.56F}));
+    const float rim = saturate(dot(n, {0.80F, 0.45F, 0.40F}));
+    Colour light = mix(face, face * 0.30F, saturate(2.2F * tilt));
+    light += palette::ice * (1.3F * saturate(3 * tilt) * key * key);
+    light += mix(palette::teal, palette::amber, above ? 0.0F : 1.0F) * (0.9F * saturate(3 * tilt) * rim * rim);
     return light;
 }
 
@@ -99,7 +98,7 @@ Picture chromeLetters(const Picture& mask) {
         const float q = 1 - saturate(distance.at(x, y).x / scale / bevel);
         return Colour{bevel * 0.85F * std::sqrt(1 - q * q), 0, 0};
     });
-    relief = blurred(relief, 1.2F, Edge::clamp);
+    relief = blurred(relief, 1.6F, Edge::clamp);
     Picture letters(mask.width(), mask.height());
     letters.change([&](Colour, int x, int y) -> Colour {
         const auto at = [&](int i, int j) {
@@ -109,14 +108,14 @@ Picture chromeLetters(const Picture& mask) {
         const float slopeY = (at(x, y + 1) - at(x, y - 1)) * scale / 2;
         const float px = static_cast<float>(x) / scale;
         const float py = static_cast<float>(y) / scale;
-        return chrome(px, py, slopeX, slopeY, distance.at(x, y).x / scale) * mask.at(x, y).x;
+        return chrome(px, py, slopeX, slopeY) * mask.at(x, y).x;
     });
     const Picture around = blurred(mask, 6, Edge::clamp);
     letters.change([&](Colour light, int x, int y) {
         const float px = static_cast<float>(x) / scale;
         const float seam = bell(static_cast<float>(y) / scale - foldAt(px), 0.57F);
         const float strength = 0.35F + 0.65F * bell(px - 330, 64);
-        return light + palette::ice * (seam * saturate(around.at(x, y).x * 2.2F) * 0.8F * strength);
+        return light + palette::ice * (seam * saturate(around.at(x, y).x * 2.2F) * 0.55F * strength);
     });
     return letters;
 }
@@ -155,7 +154,7 @@ void makeLogo(const std::string& path) {
             return saturate(static_cast<float>(std::min(place, size - 1 - place) - 1) / reach);
         };
         const float fade = power(border(x, width, 16) * border(y, height, 12), 1.2F);
-        const Colour glow = near.at(x, y) * 0.35F + palette::teal * (0.16F * halo.at(x, y).x) + wide.at(x, y) * 0.30F;
+        const Colour glow = near.at(x, y) * 0.16F + palette::teal * (0.07F * halo.at(x, y).x) + wide.at(x, y) * 0.16F;
         return letters.at(x, y) + glow * (fade * (1 - 0.6F * cover.at(x, y).x)) +
                palette::ice * (spark(static_cast<float>(x), static_cast<float>(y)) * fade);
     });

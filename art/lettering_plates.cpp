@@ -27,16 +27,16 @@ void ring(const Canvas& canvas, double x, double y, double radius, double thickn
 
 // A segmented wheel with a light in its middle.
 void wheel(const Canvas& canvas, double x, double y, double radius, int seed) {
-    canvas.ink(petrol, 0.7);
+    canvas.ink(petrol, 0.5);
     for (int i = 0; i < 24; ++i)
         if (hashUnit(i, seed, 1, 11) > 0.25F)
             ring(canvas, x, y, radius, 5.5, i * turn / 24, (i + 0.72) * turn / 24);
-    canvas.ink(teal, 0.95);
+    canvas.ink(teal, 0.55);
     ring(canvas, x, y, radius - 4.6, 1.0);
-    canvas.ink(amber, 0.9);
+    canvas.ink(amber, 0.75);
     const double start = static_cast<double>(hashUnit(seed, 2, 3, 12)) * turn;
     ring(canvas, x, y, radius - 8, 1.6, start, start + 1.9);
-    canvas.ink(ice, 0.85);
+    canvas.ink(ice, 0.7);
     ring(canvas, x, y, 2.2, 1.4);
 }
 
@@ -54,14 +54,14 @@ void makeCircuitBand(const std::string& path) {
             for (int piece = 0; x < 500; ++piece) {
                 const double length = 20 + 70 * static_cast<double>(hashUnit(track, piece, 1, 22));
                 const bool bright = hashUnit(track, piece, 2, 23) > 0.72F;
-                canvas.ink(bright ? 0x8FE8DA : teal, bright ? 0.85 : 0.38);
+                canvas.ink(bright ? 0x8FE8DA : teal, bright ? 0.40 : 0.20);
                 const double bend = hashUnit(track, piece, 3, 24) > 0.5F ? 7.75 : 0;
                 canvas.line(x, y, x + length * 0.6, y, bright ? 1.1 : 0.8);
                 if (bend > 0)
                     canvas.line(x + length * 0.6, y, x + length * 0.6 + bend, y + bend, 0.8);
                 canvas.rectangle(x + length * 0.6 + bend - 1.3, y + bend - 1.3, 2.6, 2.6);
                 if (hashUnit(track, piece, 4, 25) > 0.8F) {
-                    canvas.ink(amber, 0.95);
+                    canvas.ink(amber, 0.7);
                     canvas.rectangle(x - 2, y - 1.6, 5, 3.2);
                 }
                 x += length + 14;

@@ -61,7 +61,7 @@ void makeLiquidFolds(const std::string& path) {
     picture = withBloom(picture, {3, 0.10F, 18, 0.10F}, Edge::clamp);
     addVignette(picture, 0.55F);
     // the left third is quiet: text scrolls over it
-    picture.change([](Colour c, int x, int) { return c * mix(0.38F, 1, smoothStep(30, 210, static_cast<float>(x))); });
+    picture.change([](Colour c, int x, int) { return c * mix(0.13F, 1, smoothStep(50, 230, static_cast<float>(x))); });
     writeBitmap(path, developed(picture, {1.25F, true, 0.6F}));
 }
 

@@ -89,9 +89,9 @@ void makeTissue(const Tissue& tissue, int fine, const std::string& path) {
 
 } // namespace
 
-// "cell1.jpg": walls of the rotating tunnel, magnified about five times there.
+// "cell1.jpg": walls of the rotating tunnel, magnified about five times there, dim since fire is added to them.
 void makeTunnelCells(const std::string& path) {
-    makeTissue({6, 0.42F, 0.21F, 0.046F, 1.0F, 1.3F, fromHex(0x0A3A48), fromHex(0x1E9A8C), fromHex(0x4A2E8A), 21}, 768,
+    makeTissue({6, 0.42F, 0.21F, 0.046F, 0.32F, 1.3F, fromHex(0x0A3A48), fromHex(0x1E9A8C), fromHex(0x4A2E8A), 21}, 768,
                path);
 }
 
@@ -118,7 +118,8 @@ float slimeHeight(float u, float v) {
 
 } // namespace
 
-// "slem4.jpg": wet slime on black. Added over another picture and, shaded, the skin of the tube.
+// "slem4.jpg": wet slime on black. Added over the petrol chrome, which fills the frame, so it stays below half
+// brightness; and, with light added to it, the skin of the tube.
 void makeSlime(const std::string& path) {
     constexpr int fine = 768;
     const Relief heights = Relief(fine, slimeHeight).lowPass(5);
@@ -129,20 +130,20 @@ void makeSlime(const std::string& path) {
         const float height = heights.at(x, y);
         const float lit = saturate(dot(normal, key));
         const float thick = smoothStep(0.22F, 0.85F, height);
-        Colour light =
-            mix(palette::ink * 0.3F, mix(palette::petrol, palette::teal, thick), thick) * (0.10F + 0.75F * lit);
-        light += thinFilm(normal.z, 0.5F + 0.45F * height) * (0.10F * thick);
+        Colour light = mix(palette::ink * 0.3F, mix(palette::petrol * 1.2F, palette::teal * 0.8F, thick), thick) *
+                       (0.06F + 0.60F * lit);
+        light += thinFilm(normal.z, 0.5F + 0.45F * height) * (0.05F * thick);
         const Vec3 half = normalize(key + Vec3{0, 0, 1});
         const float gate = smoothStep(0.16F, 0.5F, height);
         light +=
             palette::ice *
-            (gate * (0.70F * power(saturate(dot(normal, half)), 70) + 0.06F * power(saturate(dot(normal, half)), 10)));
+            (gate * (0.42F * power(saturate(dot(normal, half)), 70) + 0.03F * power(saturate(dot(normal, half)), 10)));
         const Vec3 rimHalf = normalize(rim + Vec3{0, 0, 1});
-        light += palette::amber * (gate * 0.50F * power(saturate(dot(normal, rimHalf)), 30));
+        light += palette::amber * (gate * 0.55F * power(saturate(dot(normal, rimHalf)), 30));
         return light;
     });
     picture = withBloom(picture, {1.5F, 0.10F, 8, 0.08F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.55F, false, 0.6F}));
+    writeBitmap(path, developed(picture, {0.30F, false, 0.6F}));
 }
 
 } // namespace lumenfold::art

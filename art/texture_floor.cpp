@@ -74,16 +74,16 @@ void makeRibTunnel(const std::string& path) {
         light = mix(light, palette::petrol * (0.35F + 0.75F * shade + 0.5F * cloud), ribBody * seam);
         light += palette::teal * (0.28F * bevelLit * seam) +
                  palette::amber * (0.22F * bevelRim * seam * (rib % 2 == 0 ? 1.0F : 0.0F));
-        const float lamp = bell(along - 0.82F, 0.055F);
-        const float hot = bell(along - 0.82F, 0.026F);
+        // a texel is seen a dozen pixels large: strips with edges instead of slow glows, whose steps would show
+        const float lamp = smoothStep(0.082F, 0.060F, std::fabs(along - 0.82F));
+        const float hot = smoothStep(0.038F, 0.022F, std::fabs(along - 0.82F));
         const Colour glow = rib % 4 == 2 ? palette::amber : palette::teal;
         const float cut = smoothStep(0.42F, 0.36F, fromLine(3 * mirrored + 0.2F * static_cast<float>(rib)));
         const float lit = rib % 2 == 0 ? 1.0F : 0.0F; // lamps in every second channel
-        light += (glow * (1.7F * lamp) + palette::ice * (0.9F * hot)) * (cut * lit);
-        light += glow * (0.25F * lit * bell(along - 0.82F, 0.16F));
+        light += (glow * (0.75F * lamp) + palette::ice * (0.9F * hot)) * (cut * lit);
         return light;
     });
-    picture = withBloom(picture, {2.5F, 0.14F, 10, 0.14F}, Edge::wrap);
+    picture = withBloom(picture, {1.5F, 0.06F, 14, 0.05F}, Edge::wrap);
     writeBitmap(path, developed(picture));
 }
 

@@ -149,7 +149,7 @@ void makeMembraneMirror(const std::string& path) {
         return colour;
     });
     picture = withBloom(picture, {2, 0.15F, 10, 0.10F}, Edge::clamp);
-    writeBitmap(path, developed(picture));
+    writeBitmap(path, developed(picture, {0.33F, true, 0.6F})); // the chrome is added to it
 }
 
 } // namespace lumenfold::art

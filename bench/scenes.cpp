@@ -3,6 +3,7 @@
 #include "bench/sections.h"
 #include "bench/silence.h"
 #include "core/sync_state.h"
+#include "driver/music.h"
 #include "driver/scene_table.h"
 #include "render/depth_buffer.h"
 
@@ -23,7 +24,7 @@ struct Phase {
     float until;
 };
 struct Sync {
-    int value;
+    std::uint32_t value;
     float at;
 };
 struct Script {
@@ -32,7 +33,7 @@ struct Script {
     std::vector<Sync> syncs;   // in order of time
 };
 
-std::vector<Sync> every(float step, int value, int count) {
+std::vector<Sync> every(float step, std::uint32_t value, int count) {
     std::vector<Sync> syncs;
     for (int i = 1; i <= count; ++i)
         syncs.push_back({value, step * static_cast<float>(i)});
@@ -69,29 +70,6 @@ std::vector<Script> scripts() {
     };
 }
 
-void raise(int value) {
-    switch (value) {
-    case 32:
-        syncState.syncFlag32 = 1;
-        break;
-    case 33:
-        syncState.syncFlag33 = 1;
-        break;
-    case 36:
-        syncState.syncFlag36 = 1;
-        break;
-    case 37:
-        syncState.syncFlag37 = 1;
-        break;
-    case 39:
-        syncState.syncFlag39 = 1;
-        break;
-    case 59:
-        syncState.syncFlag59 = 1;
-        break;
-    }
-}
-
 void loadScenes() {
     const Silence noCommentary; // of the object reader
     textureCache.open();
@@ -121,7 +99,7 @@ void play(Report& report, const Script& script, std::vector<Pixel32>& pixels, fl
     for (const Phase& phase : script.phases) {
         for (; local < phase.until; local += unitsPerFrame) {
             for (; nextSync < script.syncs.size() && script.syncs[nextSync].at <= local; ++nextSync)
-                raise(script.syncs[nextSync].value);
+                musicSyncCallback(script.syncs[nextSync].value, 0, 0);
             const double begin = threadMicroseconds();
             scene.effect(frame, EffectCommand::Render, pixels.data(), time + local);
             times.push_back(threadMicroseconds() - begin);

@@ -1,6 +1,5 @@
 #include "driver/music.h"
 
-#include "core/sync_state.h"
 #include "driver/midas.h"
 
 #include <cstdio>
@@ -71,35 +70,6 @@ void switchMusic(const char* fileName, ptc::Console& console) {
 void forgetMusic() {
     module = nullptr;
     playHandle = 0;
-}
-
-void musicSyncCallback(std::uint32_t value, std::uint32_t, std::uint32_t) {
-    if (value < 32) {
-        syncState.currentPart.increment();
-        return;
-    }
-    switch (value) {
-    case 32:
-        syncState.syncFlag32 = 1;
-        break;
-    case 33:
-        syncState.syncFlag33 = 1;
-        break;
-    case 36:
-        syncState.syncFlag36 = 1;
-        break;
-    case 37:
-        syncState.syncFlag37 = 1;
-        break;
-    case 39:
-        syncState.syncFlag39 = 1;
-        break;
-    case 59:
-        syncState.syncFlag59 = 1;
-        break;
-    default:
-        break;
-    }
 }
 
 } // namespace lumenfold

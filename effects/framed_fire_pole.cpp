@@ -3,6 +3,7 @@
 #include "core/kernels.h"
 #include "core/sync_state.h"
 #include "core/trig.h"
+#include "effects/commands.h"
 #include "effects/frame_size.h"
 #include "effects/picture.h"
 #include "effects/scene_objects.h"
@@ -141,14 +142,7 @@ void render(FrameInfo info, Pixel32* frame, float time) {
 } // namespace
 
 void framedFirePole(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
-    switch (command) {
-    case EffectCommand::Init:
-        return init(info);
-    case EffectCommand::Render:
-        return render(info, pixels, time);
-    case EffectCommand::Release:
-        return;
-    }
+    follow(command, info, pixels, time, init, render);
 }
 
 } // namespace lumenfold

@@ -4,6 +4,7 @@
 #include "core/kernels.h"
 #include "core/sync_state.h"
 #include "core/trig.h"
+#include "effects/commands.h"
 #include "effects/cut_blocks.h"
 #include "effects/frame_size.h"
 #include "effects/picture.h"
@@ -111,14 +112,7 @@ void release() {
 } // namespace
 
 void pulsingTube(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
-    switch (command) {
-    case EffectCommand::Init:
-        return init(info);
-    case EffectCommand::Render:
-        return render(info, pixels, time);
-    case EffectCommand::Release:
-        return release();
-    }
+    follow(command, info, pixels, time, init, render, release);
 }
 
 } // namespace lumenfold

@@ -4,6 +4,7 @@
 #include "core/kernels.h"
 #include "core/sync_state.h"
 #include "core/trig.h"
+#include "effects/commands.h"
 #include "effects/phase_clock.h"
 #include "effects/picture.h"
 #include "effects/ring_backdrop.h"
@@ -127,6 +128,10 @@ void renderCube(FrameInfo info, Pixel32* pixels, float time) {
         copyPixels(pixels, state.endPicture.data(), state.endPicture.size());
 }
 
+void render(FrameInfo info, Pixel32* pixels, float time) {
+    syncState.syncFlag59 ? renderCube(info, pixels, time) : renderRing(info, pixels, time);
+}
+
 } // namespace
 
 const Pixel32* flareSprite() {
@@ -134,17 +139,7 @@ const Pixel32* flareSprite() {
 }
 
 void spriteRingCube(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
-    switch (command) {
-    case EffectCommand::Init:
-        init(info);
-        break;
-    case EffectCommand::Render:
-        syncState.syncFlag59 ? renderCube(info, pixels, time) : renderRing(info, pixels, time);
-        break;
-    case EffectCommand::Release:
-        release();
-        break;
-    }
+    follow(command, info, pixels, time, init, render, release);
 }
 
 } // namespace lumenfold

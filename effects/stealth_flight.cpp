@@ -4,6 +4,7 @@
 #include "core/kernels.h"
 #include "core/sync_state.h"
 #include "core/trig.h"
+#include "effects/commands.h"
 #include "effects/frame_size.h"
 #include "effects/phase_clock.h"
 #include "effects/picture_texture.h"
@@ -103,14 +104,7 @@ void render(FrameInfo info, Pixel32* frame, float demoTime) {
 } // namespace
 
 void stealthFlight(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
-    switch (command) {
-    case EffectCommand::Init:
-        return init(info);
-    case EffectCommand::Render:
-        return render(info, pixels, time);
-    case EffectCommand::Release:
-        return;
-    }
+    follow(command, info, pixels, time, init, render);
 }
 
 const Pixel32* heldPicture() {

@@ -4,6 +4,7 @@
 #include "core/convert.h"
 #include "core/kernels.h"
 #include "core/sync_state.h"
+#include "effects/commands.h"
 #include "effects/picture.h"
 #include "effects/strip_reveal.h"
 #include "render/depth_buffer.h"
@@ -111,17 +112,7 @@ void render(FrameInfo info, Pixel32* pixels, float time) {
 } // namespace
 
 void tumblingShowcase(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
-    switch (command) {
-    case EffectCommand::Init:
-        init(info);
-        break;
-    case EffectCommand::Render:
-        render(info, pixels, time);
-        break;
-    case EffectCommand::Release:
-        release();
-        break;
-    }
+    follow(command, info, pixels, time, init, render, release);
 }
 
 } // namespace lumenfold

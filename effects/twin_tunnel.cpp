@@ -5,6 +5,7 @@
 #include "core/kernels.h"
 #include "core/sync_state.h"
 #include "core/trig.h"
+#include "effects/commands.h"
 #include "effects/frame_size.h"
 #include "effects/freeze.h"
 #include "effects/light_spot.h"
@@ -54,9 +55,9 @@ struct State {
     PhaseClock clock;
 } state;
 
-void init(FrameInfo info, float time) {
+void init(FrameInfo info) {
     state = State{};
-    buildTwinTunnelGrid(warpGrid, state.tunnelClock, false, time);
+    buildTwinTunnelGrid(warpGrid, state.tunnelClock, false, 0.0F);
     state.lightSpot.resize(lightSpotSide * lightSpotSide);
     paintLightSpot(state.lightSpot.data());
     state.spotLayer.resize(pixelCount(info));
@@ -180,14 +181,7 @@ void release() {
 } // namespace
 
 void twinTunnel(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
-    switch (command) {
-    case EffectCommand::Init:
-        return init(info, time);
-    case EffectCommand::Render:
-        return render(info, pixels, time);
-    case EffectCommand::Release:
-        return release();
-    }
+    follow(command, info, pixels, time, init, render, release);
 }
 
 Pixel32* frozenStill() {

@@ -5,6 +5,7 @@
 #include "core/random.h"
 #include "core/sync_state.h"
 #include "core/trig.h"
+#include "effects/commands.h"
 #include "effects/frame_size.h"
 #include "effects/phase_clock.h"
 #include "effects/picture.h"
@@ -166,18 +167,14 @@ void render(FrameInfo info, Pixel32* frame, float time) {
         renderWelding(info, frame, time);
 }
 
+void release() {
+    state.backPicture = {};
+}
+
 } // namespace
 
 void weldingFilm(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
-    switch (command) {
-    case EffectCommand::Init:
-        return init(info);
-    case EffectCommand::Render:
-        return render(info, pixels, time);
-    case EffectCommand::Release:
-        state.backPicture = {};
-        return;
-    }
+    follow(command, info, pixels, time, init, render, release);
 }
 
 void setFilmTexture(Pixel32* texels) {

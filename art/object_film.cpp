@@ -66,8 +66,8 @@ Model makeFilm() {
     const std::uint32_t first = frame("frame2", "(none)", -pitch);
     // the pitch is no multiple of the frame's width: each picture has its own place
     const char* matter[] = {"petrolenv.jpg", "cell1.jpg", "slem4.jpg", "coral1.jpg", "cells3c.jpg"};
-    const std::uint32_t base = // the plain film between the picture's holes and its window
-        addSurface(model, "base", {"film1.jpg", Axis::Z, {0, -69.8, 0}, {2, 200, 1}});
+    const std::uint32_t base = // drawn for one pitch, with a glint where each hole is
+        addSurface(model, "base", {"film1.jpg", Axis::Z, {0, 0, 0}, {pitch, 2 * border, 1}});
     const std::uint32_t line = addSurface(model, "line", lampMap(Lamp::amber, Axis::Z, 0.202, 0.02, 0.9));
     const std::uint32_t lineLow = addSurface(model, "linelow", lampMap(Lamp::amber, Axis::Z, -0.202, 0.02, 0.9));
     for (int i = -reach; i <= reach; ++i) {

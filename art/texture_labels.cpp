@@ -116,33 +116,37 @@ void makeNameplate(const std::string& path) {
     writeBitmap(path, withTrueBlack(developed(picture, {1, true, 0}), 3));
 }
 
-// "film1.jpg": one length of film base along the columns: perforation at both edges, a dark frame between, edge marks.
+// "film1.jpg": one pitch of the film's base, over its whole height: dark celluloid whose outer edges carry amber light,
+// a glint around each of the ten holes of a rail (the holes themselves are the model's) and a crease in the gap between
+// two pictures. A picture stands before the middle.
 void makeFilmStrip(const std::string& path) {
-    const auto hole = [](float u, float v) {
-        const float column = 8 * u - std::floor(8 * u) - 0.5F;
-        const float row = std::min(std::fabs(v - 0.085F), std::fabs(v - 0.915F));
-        const float dx = std::max(0.0F, std::fabs(column) - 0.16F) / 8;
-        const float dy = std::max(0.0F, row - 0.022F);
-        return length(dx, dy);
-    };
-    Picture picture = texture(256, 4, [&](float u, float v) -> Colour {
-        const float grain = fractalNoise({6 * u, 6 * v, 2}, 3, 701, {6, 6});
+    constexpr float wide = 0.9F; // a pitch and the film's height, in the model's units
+    constexpr float high = 0.624F;
+    const Picture picture = texture(256, 4, [&](float u, float v) -> Colour {
+        const float grain = fractalNoise({8 * u, 6 * v, 2}, 3, 701, {8, 6});
         const float sheen = fractalNoise({2 * u, 3 * v, 5}, 2, 702, {2, 3});
-        Colour base = mix(palette::ember * 0.22F, palette::amber * 0.18F, 0.5F + 0.8F * sheen) * (0.8F + 0.5F * grain);
-        base += palette::petrol * 0.06F;
-        const float frame = std::max(std::fabs(u - 0.5F) - 0.46F, std::fabs(v - 0.5F) - 0.32F);
-        base = mix(base, palette::deep * (0.55F + 0.6F * sheen), smoothStep(0.006F, -0.006F, frame));
-        base += palette::teal * (0.25F * bell(frame, 0.008F));
-        const float distance = hole(u, v);
-        base = mix(base, palette::ink * 0.1F, smoothStep(0.014F, 0.009F, distance));
-        base += palette::gold * (0.45F * bell(distance - 0.017F, 0.005F));
-        const float marks = std::min(std::fabs(v - 0.025F), std::fabs(v - 0.975F));
-        const float dash = 16 * u - std::floor(16 * u);
-        return base + palette::amber *
-                          (0.7F * smoothStep(0.008F, 0.004F, marks) * smoothStep(0.30F, 0.25F, std::fabs(dash - 0.5F)));
+        const float x = std::fabs(u - 0.5F) * wide; // from the picture's middle
+        const float y = std::fabs(v - 0.5F) * high;
+        Colour base = mix(palette::ink, palette::deep, 0.55F + 0.9F * sheen) * (0.75F + 0.35F * grain);
+        base += palette::petrol * (0.30F * smoothStep(0.9F, 0.1F, v));
+        const float edge = high / 2 - y;
+        base += palette::ember * (0.45F * std::exp(-edge / 0.025F)) + palette::amber * (0.7F * bell(edge, 0.008F));
+        const float column = (10 * u - std::floor(10 * u) - 0.5F) * wide / 10;
+        const float dx = std::max(0.0F, std::fabs(column) - 0.016F);
+        const float dy = std::max(0.0F, std::fabs(y - 0.262F) - 0.024F);
+        const float hole = length(dx, dy) - 0.010F; // distance from the rim
+        base +=
+            mix(palette::ice, palette::teal, smoothStep(0.0F, 0.010F, hole)) * (0.22F * bell(hole - 0.001F, 0.004F));
+        const float gap = wide / 2 - x; // from the middle of the gap
+        const float inGap = smoothStep(0.195F, 0.185F, gap) * smoothStep(0.196F, 0.188F, y);
+        base += palette::teal * (0.45F * bell(gap - 0.180F, 0.005F) * smoothStep(0.196F, 0.188F, y));
+        const float across = u < 0.5F ? u + 0.5F : u - 0.5F; // 0.5 in the middle of the gap
+        const float crease = v - 0.5F + 0.09F * (across - 0.5F);
+        base += (palette::teal * (0.5F * bell(crease, 0.05F)) + palette::ice * (0.6F * bell(crease, 0.010F))) *
+                (inGap * smoothStep(0.18F, 0.03F, gap));
+        return base;
     });
-    picture = withBloom(picture, {2, 0.12F, 9, 0.10F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.35F, true, 0.6F}));
+    writeBitmap(path, developed(withBloom(picture, {2, 0.12F, 7, 0.08F}, Edge::wrap), {1.35F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -46,15 +46,15 @@ Model makeAircraft() {
     Model model;
     const std::uint32_t hull = addSurface(model, "hull", tiledMap("hullpan.jpg", Axis::Y, {}, {3.2, 1, 3.2}));
     const std::uint32_t glow = addSurface(model, "glow", {"glow1.jpg", Axis::Z, {0, 0.35, 0}, {13, 6.5, 1}});
-    const std::uint32_t rim = addSurface(model, "rim", lampMap(Lamp::teal, Axis::Z, 0.02, 0.30, 2.4));
+    const std::uint32_t rim = addSurface(model, "rim", lampMap(Lamp::teal, Axis::Z, 0.01, 0.16, 2.4));
     const std::uint32_t slit = addSurface(model, "slit", lampMap(Lamp::amber, Axis::Z, 0.52, 0.35, 2));
     const std::uint32_t side = addSurface(model, "side", tiledMap("hullpan.jpg", Axis::X, {}, {1, 2.2, 2.2}));
     const Point up{0, 1, 0}, down{0, -1, 0}, ahead{0, 0, 1}, behind{0, 0, -1};
     for (const double s : {-1.0, 1.0}) {
         const auto at = [s](double x, double y, double z) { return Point{s * x, y, z}; };
-        const Point nose = at(0, 0.14, 3.6), noseLow = at(0, -0.08, 3.6);
-        const Point edge = at(1.6, 0.14, 1.5), edgeLow = at(1.6, -0.12, 1.5);
-        const Point tip = at(4.2, 0.07, -1.9), tipLow = at(4.2, -0.11, -1.9);
+        const Point nose = at(0, 0.08, 3.6), noseLow = at(0, -0.05, 3.6);
+        const Point edge = at(1.6, 0.08, 1.5), edgeLow = at(1.6, -0.06, 1.5);
+        const Point tip = at(4.2, 0.04, -1.9), tipLow = at(4.2, -0.05, -1.9);
         const Point front = at(0, 0.42, 2.1), brow = at(0, 0.62, 1.5), peak = at(0, 1.0, 0.2);
         const Point cheek = at(0.42, 0.36, 1.75), temple = at(0.52, 0.55, 1.2), shoulder = at(0.95, 0.55, 0.1);
         const std::array<Point, 4> rear = {at(0, 0.40, -1.7), at(1.0, 0.20, -2.6), at(2.2, 0.16, -1.3),

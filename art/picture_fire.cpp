@@ -122,12 +122,12 @@ void makeFireWreath(const std::string& path) {
         for (const Picture& sheet : burnt) {
             sum += sheet.at(x, y);
         }
-        const float hot = luminance(sum); // crowded folds glow towards ice
-        sum = sum * (0.20F + 2.0F * hot) + palette::ice * (0.55F * hot * hot);
+        const float hot = luminance(sum); // crowded folds glow towards gold
+        sum = sum * (0.20F + 2.0F * hot) + palette::gold * (0.40F * hot * hot);
         return sum + creaseLight(static_cast<float>(x), static_cast<float>(y));
     });
     picture = withBloom(picture, {2.5F, 0.14F, 14, 0.08F}, Edge::clamp);
-    writeBitmap(path, withTrueBlack(developed(picture, {1.5F, true, 0}), 6));
+    writeBitmap(path, withTrueBlack(developed(picture, {0.8F, true, 0}), 6));
 }
 
 } // namespace lumenfold::art

@@ -155,17 +155,17 @@ void makeCaveRock(const std::string& path) {
                                const float bend = 0.12F * fractalNoise({3 * u, 3 * v, 4}, 2, 631, {3, 3});
                                const float fold = ridgedNoise({4 * u, 3 * (v + bend), 1}, 3, 632, {4, 3});
                                return fold + 0.5F * fractalNoise({5 * u, 5 * v, 7}, 3, 633, {5, 5});
-                           }).lowPass(2.5F);
+                           }).lowPass(4.5F);
     const Vec3 key = normalize({-0.40F, -0.72F, 0.45F});
     const Vec3 rim = normalize({0.85F, 0.25F, 0.30F});
     Picture picture = shadedRelief(256, heights, [&](int x, int y) {
-        const Vec3 normal = heights.normal(x, y, 0.075F);
+        const Vec3 normal = heights.normal(x, y, 0.060F);
         const float deepness = smoothStep(0.15F, 0.85F, heights.at(x, y));
         const float lit = saturate(dot(normal, key));
         Colour light = mix(palette::ink, palette::petrol * 0.8F, deepness * (0.25F + 0.75F * lit));
         light += palette::teal * (0.22F * power(lit, 5) * deepness);
-        light += palette::ice * (0.45F * power(saturate(dot(normal, normalize(key + Vec3{0, 0, 1}))), 60) * deepness);
-        light += mix(palette::ember, palette::amber, 0.35F) * (0.45F * power(saturate(dot(normal, rim)), 6));
+        light += palette::ice * (0.16F * power(saturate(dot(normal, normalize(key + Vec3{0, 0, 1}))), 60) * deepness);
+        light += mix(palette::ember, palette::amber, 0.35F) * (0.26F * power(saturate(dot(normal, rim)), 6));
         return light;
     });
     picture = withBloom(picture, {2.5F, 0.12F, 10, 0.10F}, Edge::wrap);

@@ -83,18 +83,6 @@ TEST(LoadImage, AMissingFileIsNamed) {
     EXPECT_EQ(messageOf(LUMENFOLD_TEST_DATA "/../assets/.tga"), LUMENFOLD_TEST_DATA "/../assets/.tga");
 }
 
-TEST(LoadImage, AWrongSizeIsNamed) {
-    const TemporaryFile file("size.jpg", jpegTexture());
-    std::vector<Pixel32> pixels(512 * 384, untouched);
-    try {
-        loadImage(file.name(), pixels.data(), 512, 384, {512, 384, 0, 0, 0}, 0);
-        ADD_FAILURE();
-    } catch (const DynamicError& error) {
-        EXPECT_EQ(error.what(), std::string(file.name()) + ": the picture is 256 x 256 pixels, not 512 x 384");
-    }
-    EXPECT_EQ(pixels, std::vector<Pixel32>(512 * 384, untouched));
-}
-
 TEST_F(Textures, AreSharedByNameInAnyCase) {
     const TemporaryFile file("cell.jpg", jpegTexture());
     const TemporaryFile other("cell2.jpg", jpegTexture());

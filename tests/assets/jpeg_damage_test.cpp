@@ -91,17 +91,6 @@ TEST(JpegDamage, RandomChangesGiveTheSameInBothForms) {
     }
 }
 
-TEST(JpegDamage, NoiseBehindAValidHeader) {
-    std::mt19937 random(384);
-    const Bytes whole = picture(0);
-    for (int round = 0; round < 300; ++round) {
-        Bytes file(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(entropyStart(whole)));
-        for (std::size_t i = 0; i < 600; ++i)
-            file.push_back(static_cast<std::uint8_t>(random()));
-        expectSameInBothForms(file);
-    }
-}
-
 // Coefficients beyond all limits: the largest categories times the largest steps, summed up by the predictor.
 TEST(JpegDamage, EnormousCoefficients) {
     for (const unsigned char category : {11, 14, 15}) {

@@ -43,7 +43,9 @@ struct LiteralTwinTunnel {
     float R = 10000.0F;
     int D = 300, scroll = 0;
 
-    void render(Frame& frame, bool pulse, bool open, float t) {
+    void render(Frame& frame, float t) {
+        const bool pulse = syncState.syncFlag37 != 0, open = syncState.syncFlag59 != 0;
+        syncState.syncFlag37 = 0;
         buildTwinTunnelGrid(grid, clock, pulse, t);
         drawGridWarp(&frame[64 * 512], {512, 240, 0, 0, 0}, grid, texture, 257);
         if (open) {
@@ -98,42 +100,26 @@ using FlatScenes = test::ShowScenes;
 
 // The offset that the first scene leaves moves the second one's flow.
 TEST_F(FlatScenes, TwinTunnelThenWaveWarpEqualTheLiteralOnes) {
-    const auto tunnelTime = [](int n) { return 1800.0F + static_cast<float>(n) * 2.3F; };
-    const auto waveTime = [](int n) { return 3000.0F + static_cast<float>(n) * 13.45F; }; // the fade's last step too
-    const auto pulseAt = [](int n) { return n == 4 || n == 9 || n == 15 || n == 50; };
-    const auto openAt = [](int n) { return n >= 12; };
     constexpr int tunnelFrames = 70, waveFrames = 24;
-    load({twinTunnel, waveWarp});
-    std::vector<Frame> shipped;
-    Frame frame(pixelCount(test::show), 0x01102030);
+    std::vector<test::Moment> script;
     for (int n = 0; n < tunnelFrames; ++n) {
-        syncState.syncFlag37 = pulseAt(n);
-        syncState.syncFlag59 = openAt(n);
-        draw(twinTunnel, frame, tunnelTime(n));
-        ASSERT_EQ(syncState.syncFlag37, 0);
-        ASSERT_EQ(syncState.syncFlag59, openAt(n)); // stays
-        shipped.push_back(frame);
+        script.push_back({1800.0F + static_cast<float>(n) * 2.3F});
+        if (n == 4 || n == 9 || n == 15 || n == 50)
+            script.back().flags.push_back(&syncState.syncFlag37);
+        if (n == 12) // stays
+            script.back().flags.push_back(&syncState.syncFlag59);
     }
-    for (int n = 0; n < waveFrames; ++n) {
-        draw(waveWarp, frame, waveTime(n));
-        shipped.push_back(frame);
-    }
-
-    warpOffset = 0;
+    load({twinTunnel, waveWarp});
     LiteralTwinTunnel tunnel;
     paintLightSpot(tunnel.spot.data());
     tunnel.banner = picture("bajsa.jpg", 256, 36);
-    LiteralWaveWarp wave;
-    frame.assign(frame.size(), 0x01102030);
-    for (int n = 0; n < tunnelFrames; ++n) {
-        tunnel.render(frame, pulseAt(n), openAt(n), tunnelTime(n));
-        ASSERT_EQ(shipped[static_cast<std::size_t>(n)], frame) << "tunnel " << n;
-    }
-    for (int n = 0; n < waveFrames; ++n) {
-        wave.render(frame, waveTime(n));
-        ASSERT_EQ(shipped[static_cast<std::size_t>(tunnelFrames + n)], frame) << "wave " << n;
-    }
+    compare(twinTunnel, tunnel, script);
     EXPECT_EQ(warpOffset, tunnelFrames * 257);
+    script.clear();
+    for (int n = 0; n < waveFrames; ++n)
+        script.push_back({3000.0F + static_cast<float>(n) * 13.45F}); // the fade's last step too
+    LiteralWaveWarp wave;
+    compare(waveWarp, wave, script);
 }
 
 } // namespace

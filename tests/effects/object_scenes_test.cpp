@@ -135,14 +135,15 @@ TEST_F(ObjectScenes, FirePoleIsCircled) {
 }
 
 TEST_F(ObjectScenes, HalvesOfTheStillFlyApart) {
-    const std::vector<float> times{100.0F, 127.5F, 129.0F, 131.0F, 135.0F, 140.0F};
+    const std::vector<float> times{100.0F, 126.5F, 127.5F, 129.0F, 131.0F, 135.0F, 140.0F};
     load({spriteRingCube, twinTunnel, weldingFilm});
     test::Frame still(pixelCount(test::show));
     for (std::size_t i = 0; i < still.size(); ++i)
         frozenStill()[i] = still[i] = static_cast<Pixel32>(i * 37);
     sharedDepthBias = 0.0F;
     std::vector<test::Frame> frames(times.size(), blank());
-    for (std::size_t n = 0; n < times.size(); ++n) // the first frame, already late, only takes the textures
+    for (std::size_t n = 0; n < times.size();
+         ++n) // the first frame, already late, only takes the textures; the split begins at 27.0
         draw(weldingFilm, frames[n], n == 0 ? times[0] - 0.5F : times[n]);
     clearDepthBuffer();
 

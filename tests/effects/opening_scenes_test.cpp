@@ -23,16 +23,11 @@ namespace lumenfold {
 namespace {
 
 using test::Frame;
+using test::Moment;
 using test::perByte;
 using test::saturatedSum;
 using trig::cos;
 using trig::sin;
-
-// One frame of a script: demo time and the flags that the music sets before it.
-struct Moment {
-    float time;
-    std::vector<SyncByte*> flags = {};
-};
 
 class OpeningScenes : public test::ShowScenes {
   protected:
@@ -40,37 +35,6 @@ class OpeningScenes : public test::ShowScenes {
         for (std::size_t i = from; i < to; ++i)
             frame[i] = perByte(frame[i], other[i], [a](Pixel32 p, Pixel32 q) {
                 return (p * static_cast<Pixel32>(a & 255) + q * static_cast<Pixel32>(255 - (a & 255))) >> 8;
-            });
-    }
-
-    // Runs the shipped scene over the script, then the literal one from the same beginning. Both read and clear the
-    // flags, which are the same afterwards.
-    template <class Literal>
-    void compare(Effect scene, Literal& literal, const std::vector<Moment>& script) {
-        std::vector<Frame> shipped;
-        std::vector<int> flagsLeft;
-        const auto run = [&](auto&& drawFrame, auto&& seen) {
-            syncState.zero();
-            clearDepthBuffer();
-            Frame frame(pixelCount(test::show), 0x00102030);
-            for (std::size_t n = 0; n < script.size(); ++n) {
-                for (SyncByte* flag : script[n].flags)
-                    *flag = 1;
-                drawFrame(frame, script[n].time);
-                seen(n, frame,
-                     syncState.syncFlag32 | syncState.syncFlag33 << 1 | syncState.syncFlag36 << 2 |
-                         syncState.syncFlag37 << 3 | syncState.syncFlag39 << 4 | syncState.syncFlag59 << 5);
-            }
-        };
-        run([&](Frame& frame, float time) { draw(scene, frame, time); },
-            [&](std::size_t, const Frame& frame, int flags) {
-                shipped.push_back(frame);
-                flagsLeft.push_back(flags);
-            });
-        run([&](Frame& frame, float time) { literal.render(frame, time); },
-            [&](std::size_t n, const Frame& frame, int flags) {
-                EXPECT_EQ(shipped[n], frame) << "frame " << n << " time " << script[n].time;
-                EXPECT_EQ(flagsLeft[n], flags) << "frame " << n;
             });
     }
 };

@@ -58,9 +58,10 @@ class PulsingTube : public test::ShowScenes {
             }
         }
 
-        void render(test::Frame& frame, bool sync, float t) {
-            if (sync)
+        void render(test::Frame& frame, float t) {
+            if (syncState.syncFlag37)
                 cut();
+            syncState.syncFlag37 = 0;
             if (zoom < 110)
                 zoom += 3;
             smear();
@@ -89,26 +90,17 @@ class PulsingTube : public test::ShowScenes {
 };
 
 TEST_F(PulsingTube, EveryFrameEqualsTheLiteralOne) {
-    constexpr int frames = 72;
-    // steps in which flares stand exactly at the last column and in the last row that they may
-    // towards the end the depth's sum swallows the 1/z
-    const auto timeOf = [](int n) { return (n < 68 ? 500.0F : 98765.4F) + static_cast<float>(n) * 3.5F; };
-    const auto syncAt = [](int n) { return n % 5 == 3 || n == 9; };
     load({pulsingTube});
-    std::vector<test::Frame> shipped(frames, blank());
-    for (int n = 0; n < frames; ++n) {
-        if (syncAt(n))
-            syncState.syncFlag37 = 1;
-        draw(pulsingTube, shipped[static_cast<std::size_t>(n)], timeOf(n));
-        ASSERT_EQ(syncState.syncFlag37, 0);
+    std::vector<test::Moment> script;
+    for (int n = 0; n < 72; ++n) {
+        // steps in which flares stand exactly at the last column and in the last row that they may; towards the end
+        // the depth's sum swallows the 1/z
+        script.push_back({(n < 68 ? 500.0F : 98765.4F) + static_cast<float>(n) * 3.5F});
+        if (n % 5 == 3 || n == 9)
+            script.back().flags = {&syncState.syncFlag37};
     }
     Literal scene = literal();
-    clearDepthBuffer();
-    test::Frame frame = blank();
-    for (int n = 0; n < frames; ++n) {
-        scene.render(frame, syncAt(n), timeOf(n));
-        ASSERT_EQ(shipped[static_cast<std::size_t>(n)], frame) << "frame " << n;
-    }
+    compare(pulsingTube, scene, script);
     EXPECT_EQ(scene.cutSteps, 15U);
 }
 

@@ -76,5 +76,35 @@ TEST_P(Soak, ScenesStayInsideTheirFrame) {
     }
 }
 
+using SceneRuns = ShowScenes;
+
+// Everything that a scene keeps starts again with loading, so that one process can run the show twice.
+TEST_F(SceneRuns, LoadingAgainGivesTheSamePictures) {
+    const auto play = [this] {
+        load(scenes);
+        std::vector<Frame> last;
+        Frame pixels(pixelCount(show), 0x00123456);
+        for (const Effect scene : scenes) {
+            clearDepthBuffer();
+            for (int n = 0; n < 24; ++n) {
+                syncState.syncFlag37 = n % 5 == 0;
+                syncState.syncFlag32 = n == 3 || n == 11;
+                syncState.syncFlag39 = n == 8;
+                if (n == 13) {
+                    syncState.syncFlag36 = 1;
+                    syncState.syncFlag59 = 1;
+                }
+                draw(scene, pixels, 40.0F + static_cast<float>(n) * 3.1F);
+            }
+            syncState.zero();
+            last.push_back(pixels);
+        }
+        return last;
+    };
+    const auto first = play(), second = play();
+    for (std::size_t i = 0; i < first.size(); ++i)
+        EXPECT_TRUE(first[i] == second[i]) << "scene " << i;
+}
+
 } // namespace
 } // namespace lumenfold::test

@@ -46,11 +46,5 @@ TEST_F(StealthFlight, FlagShakesEightFramesAndStartsAgain) {
     }
 }
 
-TEST_F(StealthFlight, HeldPictureIsTheFirstOne) {
-    load({stealthFlight});
-    EXPECT_GT(std::count_if(heldPicture(), heldPicture() + pixelCount(test::show), [](Pixel32 p) { return p != 0; }),
-              100000);
-}
-
 } // namespace
 } // namespace lumenfold

@@ -161,16 +161,5 @@ TEST(GridWarp, OddSizesStayInside) {
     }
 }
 
-TEST(GridWarp, EqualCornersFillWithOneTexel) {
-    const auto texture = randomPixels(texturePixels, 6);
-    std::vector<Pixel32> target(512 * 384, 7);
-    fillWarpCell({512, 384, 0, 0, 0}, target.data(), texture.data(), 16, 8, {-3, -3, -3, -3}, {260, 260, 260, 260});
-    for (int y = 0; y < 384; ++y)
-        for (int x = 0; x < 512; ++x) {
-            const bool inside = x >= 16 && x < 24 && y >= 8 && y < 16;
-            ASSERT_EQ(target[static_cast<std::size_t>(y * 512 + x)], inside ? texture[4 * 256 + 253] : 7U);
-        }
-}
-
 } // namespace
 } // namespace lumenfold

@@ -24,7 +24,6 @@ class WeldingFilm : public test::ShowScenes {
         const auto still = test::randomPixels(pixelCount(test::show), 4);
         for (std::size_t i = 0; i < still.size(); ++i)
             frozenStill()[i] = still[i] & 0x003F3F3F;
-        resetRand();
     }
 
     // The welding told step by step.
@@ -44,7 +43,8 @@ class WeldingFilm : public test::ShowScenes {
                 }
         }
 
-        void render(test::Frame& frame, float lt) {
+        void render(test::Frame& frame, float t) {
+            const float lt = t - start;
             const int y0 = truncate(lt * 13.0 - 10.0);
             if (count < 199) {
                 const int first = rand() / 16000;
@@ -72,43 +72,16 @@ class WeldingFilm : public test::ShowScenes {
 };
 
 TEST_F(WeldingFilm, WeldingEqualsTheLiteralOne) {
-    constexpr int frames = 250; // all 199 sparks fly before the split
-    const auto timeOf = [](int n) { return start + static_cast<float>(n) * 0.107F; };
     loadAll();
     Literal scene;
     scene.still.assign(frozenStill(), frozenStill() + pixelCount(test::show));
     scene.torch.assign(flareSprite(), flareSprite() + 32 * 32);
     scene.sparkSprite = picture("bfs0.pcx", 16, 16);
-    std::vector<test::Frame> shipped(frames, blank());
-    for (int n = 0; n < frames; ++n)
-        draw(weldingFilm, shipped[static_cast<std::size_t>(n)], timeOf(n));
-    resetRand();
-    test::Frame frame = blank();
-    for (int n = 0; n < frames; ++n) {
-        scene.render(frame, timeOf(n) - start);
-        ASSERT_EQ(shipped[static_cast<std::size_t>(n)], frame) << "frame " << n;
-    }
+    std::vector<test::Moment> script;
+    for (int n = 0; n < 250; ++n) // all 199 sparks fly before the split
+        script.push_back({start + static_cast<float>(n) * 0.107F});
+    compare(weldingFilm, scene, script);
     EXPECT_EQ(scene.count, 199);
-}
-
-TEST_F(WeldingFilm, SplitBeginsAtItsTimeAndShowsTheStillWithoutTheSeam) {
-    loadAll();
-    const test::Frame still(frozenStill(), frozenStill() + pixelCount(test::show));
-    test::Frame frame = blank();
-    draw(weldingFilm, frame, start);
-    draw(weldingFilm, frame, start + 26.9F);
-    EXPECT_NE(test::Frame(frozenStill(), frozenStill() + pixelCount(test::show)), still);
-    const test::Frame burned(frozenStill(), frozenStill() + pixelCount(test::show));
-    test::Frame split = blank();
-    draw(weldingFilm, split, start + 27.0F);
-    EXPECT_NE(split, frame);
-    EXPECT_EQ(test::Frame(frozenStill(), frozenStill() + pixelCount(test::show)), burned); // no more welding
-
-    loadAll(); // a run whose first frame is already split shows the same plates
-    test::Frame clean = blank();
-    draw(weldingFilm, clean, start - 100.0F);
-    draw(weldingFilm, clean, start - 73.0F);
-    EXPECT_EQ(split, clean);
 }
 
 TEST_F(WeldingFilm, FilmRollsUntilItsCameraArrivesThenHoldsTheNextPicture) {

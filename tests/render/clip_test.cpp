@@ -14,7 +14,8 @@ namespace {
 
 using namespace test;
 
-constexpr std::uint32_t allModes[] = {0x09, 0x29, 0x401, 0x501, 0x11, 0x19, 0x200, 0x201};
+constexpr std::uint32_t allModes[] = {0x09,  0x29, 0x401, 0x501, 0x11, 0x19,  0x200, 0x201,
+                                      0x209, 0x0B, 0x01,  0x31,  0x08, 0x400, 0x109};
 
 std::unique_ptr<TextureLayer> layerOf(std::vector<Pixel32>& texels) {
     auto layer = std::make_unique<TextureLayer>();
@@ -83,59 +84,6 @@ TEST(Clip, WhichFacesAreDrawn) {
         TestFace face;
         face.place(c.a, c.b, c.c);
         EXPECT_EQ(drawnPixels(face) > 0, c.drawn) << c.what;
-    }
-}
-
-TEST(Clip, ACutFaceFillsWhatIsInFront) {
-    // A floor that passes under the viewer: below the horizon every pixel is covered, above none.
-    TestFace face;
-    face.material.doubleSided = 1;
-    face.place({-1000, -1, 50}, {1000, -1, 50}, {0, -1, -100});
-    GuardedPicture picture(64, 48);
-    clipAndDrawFace(face.face, picture.info(), picture.select(), 0.0F);
-    for (int x = 0; x < 64; ++x) {
-        EXPECT_EQ(picture.depth()[20 * 64 + x], 0.0F);
-        for (int y = 26; y < 48; ++y)
-            EXPECT_GT(picture.depth()[y * 64 + x], 0.0F) << x << ", " << y;
-    }
-}
-
-TEST(Clip, ModesSelectTextureAndCoordinates) {
-    // Constant coordinates: u 10, v 20 in the first set, u 30, v 40 in the second. Texel = texture, row, column.
-    const auto texel = [](Pixel32 texture, Pixel32 row, Pixel32 column) { return texture << 16 | row << 8 | column; };
-    const struct {
-        std::uint32_t mode;
-        Pixel32 expected;
-    } cases[] = {
-        {0x09, texel(1, 20, 10)},
-        {0x29, texel(1, 10, 25)}, // columns of mode 0x29 scroll
-        {0x401, texel(1, 20, 10)},
-        {0x501, texel(1, 20, 10)},
-        {0x11, texel(1, 40, 30)},
-        {0x19, texel(3, 40, 60)}, // 1 + 2, rows 10 + 30, columns 20 + 40
-        {0x200, 0},               // an outline only: nothing in the middle
-        {0x201, 0},
-        {0x209, 0},
-        {0x0B, 0},
-        {0x01, 0},
-        {0x31, 0},
-        {0x08, 0},
-        {0x400, 0},
-        {0x109, 0},
-    };
-    for (const auto& c : cases) {
-        TestFace face;
-        for (Pixel32 i = 0; i < texturePixels; ++i) {
-            face.first[i] = texel(1, i >> 8, i & 255);
-            face.second[i] = texel(2, i >> 8, i & 255);
-        }
-        face.face.uv1 = {10.5F, 20.5F, 10.5F, 20.5F, 10.5F, 20.5F};
-        face.face.uv2 = {30.5F, 40.5F, 30.5F, 40.5F, 30.5F, 40.5F};
-        face.material.mode = c.mode;
-        face.material.scroll = 5;
-        GuardedPicture picture(64, 48);
-        clipAndDrawFace(face.face, picture.info(), picture.select(), 0.0F);
-        EXPECT_EQ(picture.target()[21 * 64 + 35], c.expected) << std::hex << c.mode;
     }
 }
 

@@ -142,27 +142,6 @@ TEST_P(RayFieldTest, EqualsTheReference) {
     }
 }
 
-TEST_P(RayFieldTest, ParallelAndAxialRaysAreBlack) {
-    const std::vector<Pixel32> white(texturePixels, 0xFFFFFFFF);
-    RayField plane = makeRayField(RayShape::Plane, white.data());
-    EXPECT_EQ(draw(plane)[192 * 512 + 256], 0xFF000000U); // the horizon; the top byte stays
-    RayField tunnel = makeRayField(RayShape::Tunnel, white.data());
-    EXPECT_EQ(draw(tunnel)[192 * 512 + 256], 0xFF000000U);
-    EXPECT_EQ(draw(plane)[0], 0xFFFFFFFFU - 0x00010101U * 44); // 30 / |-12 / sqrt(656)| x 0.7
-}
-
-TEST_P(RayFieldTest, ScrollMovesTheTexture) {
-    std::vector<Pixel32> rows(texturePixels);
-    for (Pixel32 i = 0; i < texturePixels; ++i)
-        rows[i] = (i >> 8) << 24; // the top byte, which shades leave alone
-    RayField field = makeRayField(RayShape::Tunnel, rows.data());
-    const std::vector<Vector3> rays = field.rays;
-    const Pixel32 before = draw(field)[0] >> 24;
-    field.scrollV += 4;
-    EXPECT_EQ(draw(field)[0] >> 24, (before + 4) & 255);
-    EXPECT_EQ(field.rays, rays); // no angles: nothing turns
-}
-
 TEST_P(RayFieldTest, FramesOfOtherSizesStayInside) {
     const std::vector<Pixel32> texture = randomPixels(texturePixels, 10);
     for (const int width : {1, 31, 32, 50, 500, 640}) {

@@ -153,18 +153,6 @@ TEST(Sprite, TexelsOfAScaledOne) {
     EXPECT_EQ(opaque.depth()[192 * 512 + 256], 10.0F);
 }
 
-TEST(Sprite, AHiddenCentreHidesAnAddedOne) {
-    const std::vector<Pixel32> image(16 * 16, 0x00FFFFFF);
-    GuardedPicture picture(512, 384);
-    picture.depth()[192 * 512 + 256] = 1.0F; // 1/z of the sprite: not farther
-    const Sprite sprite = {{0, 0, 1}, image.data(), 16, 16, 1, 1};
-    drawSprite(sprite, picture.select(), picture.info(), 0.0F);
-    EXPECT_EQ(std::count(picture.target(), picture.target() + picture.size(), 0U), 512 * 384);
-    drawSprite(sprite, picture.select(), picture.info(), 0.5F);
-    EXPECT_NE(std::count(picture.target(), picture.target() + picture.size(), 0U), 512 * 384);
-    EXPECT_EQ(picture.depth()[192 * 512 + 256], 1.0F);
-}
-
 TEST(Sprite, NumbersOfAnyKind) {
     const float numbers[] = {0.0F,   0.4F,      -0.4F,       1e9F,
                              -1e9F,  3e38F,     1e-40F,      std::numeric_limits<float>::infinity(),

@@ -1,0 +1,128 @@
+#!/usr/bin/env bash
+# Tries what can go wrong and prints what happened, one row each: docs/RELIABILITY.md has the table.
+#   tests/faults.sh [BUILD]      BUILD: a build folder, build/release unless given. A few minutes.
+# The damaged shows are copies in a temporary folder.
+set -uo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+programs=$(cd "${1:-$root/build/release}" && pwd)/programs
+work=$(mktemp -d)
+show=$work/show
+trap 'umount "$work/small" 2>/dev/null; rm -rf "$work"' EXIT
+cp -r "$root/show" "$show"
+export SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy
+bad=0
+
+# The last line of what a program said, without the temporary folder's name.
+said() { tail -n 1 "$1" | sed "s|$work|...|g" | cut -c 1-110; }
+
+# row FAULT STATUS FILE: a hang (124) or a death by a signal is what must never be.
+row() {
+    local mark=
+    [ "$2" -lt 124 ] || [ "$2" -eq 130 ] || { mark="  <-- BAD"; bad=1; }
+    printf '%-44s status %-3s %s%s\n' "$1" "$2" "$(said "$3")" "$mark"
+}
+
+# try FAULT COMMAND...
+try() {
+    local fault=$1
+    shift
+    timeout 120 "$@" >"$work/out" 2>"$work/err"
+    local status=$?
+    [ -s "$work/err" ] || cp "$work/out" "$work/err"
+    row "$fault" $status "$work/err"
+}
+
+film() { "$programs/lumenfold-film" --show "$show" "$@"; }
+export -f film
+export programs show
+
+damage() { # FAULT FILE
+    case $1 in
+    missing) rm "$2" ;;
+    directory) rm "$2" && mkdir "$2" ;;
+    empty) : >"$2" ;;
+    half) truncate -s $(($(stat -c %s "$2") / 2)) "$2" ;;
+    random) head -c "$(stat -c %s "$2")" /dev/urandom >"$2" ;;
+    other-kind) cp "$root/show/$(case $2 in *.jpg | *.tga) echo bfs0.pcx ;; *) echo petrolflare.jpg ;; esac)" "$2" ;;
+    same-kind) cp "$(ls "$root"/show/*."${2##*.}" | grep -v "/${2##*/}\$" | head -1)" "$2" 2>/dev/null ;;
+    esac
+}
+
+# Every asset with one fault: how many films ended with which status, and how many were wordless.
+assets() {
+    local fault=$1 file status length
+    for file in "$root"/show/*; do
+        local name=${file##*/}
+        length=0.5 # all is read by then
+        [ "$name" != endtune.xm ] || length=345
+        damage "$fault" "$show/$name"
+        timeout 120 "$programs/lumenfold-film" --show "$show" --to $length --timeline >"$work/out" 2>"$work/err"
+        status=$?
+        echo "$fault $name status $status: $(said "$work/err")" >>"$work/assets"
+        [ $status -lt 124 ] || { bad=1; tail -1 "$work/assets"; }
+        rm -r "$show/$name" 2>/dev/null
+        cp "$file" "$show/$name"
+    done
+    printf 'every asset %-32s ' "$fault"
+    grep "^$fault " "$work/assets" | sed 's/.*status \([0-9]*\):.*/\1/' | sort | uniq -c | awk '{printf "status %s: %s files  ", $2, $1}'
+    echo
+}
+
+for fault in missing directory empty half random other-kind same-kind; do
+    assets $fault
+done
+echo "for example"
+grep -hE "^(missing|directory|half|random) (hall1.jpg|credt.lwo|bzzzz.xm|endtune.xm|greets2.pcx)" "$work/assets" | sed 's/^/  /'
+
+cd "$work"
+mkdir empty
+(cd empty && try "demo: folder without assets" "$programs/lumenfold")
+cd "$show"
+try "demo: no display" env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER SDL_VIDEODRIVER=x11 "$programs/lumenfold"
+try "demo: no such video driver" env SDL_VIDEODRIVER=none-such "$programs/lumenfold"
+try "demo: no sound device" env SDL_AUDIODRIVER=none-such "$programs/lumenfold"
+
+# signals FAULT COMMANDS: what happens to the running demo; "demo" is its number.
+signals() {
+    set -m # without it a program behind the script ignores SIGINT
+    "$programs/lumenfold" >"$work/out" 2>"$work/err" &
+    set +m
+    local demo=$! status
+    eval "$2"
+    timeout 20 tail --pid=$demo -f /dev/null || kill -KILL $demo
+    wait $demo
+    status=$?
+    row "$1" $status "$work/err"
+}
+signals "demo: SIGTERM while loading" 'sleep 0.2; kill -TERM $demo'
+signals "demo: SIGTERM while playing" 'sleep 4; kill -TERM $demo'
+signals "demo: SIGINT while playing" 'sleep 4; kill -INT $demo'
+signals "demo: a frame of two seconds, then SIGTERM" 'sleep 3; kill -STOP $demo; sleep 2; kill -CONT $demo; sleep 1; kill -TERM $demo'
+
+cd "$work"
+mkdir -p small bin
+printf '#!/bin/sh\nhead -c 3000000 >/dev/null\nkill -KILL $$\n' >bin/ffmpeg
+chmod +x bin/ffmpeg
+try "film: ffmpeg missing" env PATH=/nowhere "$programs/lumenfold-film" --show "$show" --to 1 film.mp4
+try "film: ffmpeg killed" env PATH="$work/bin:$PATH" "$programs/lumenfold-film" --show "$show" --to 5 film.mp4
+try "film: hashes to a full disk" bash -c 'film --to 1 --hash >/dev/full'
+if mount -t tmpfs -o size=1m none small 2>/dev/null; then
+    try "film: pictures to a full disk" bash -c 'film --to 5 small/pictures'
+    try "film: sound to a full disk" bash -c 'film --to 20 small/sound.wav'
+    try "film: film to a full disk" bash -c 'film --to 20 small/film.mp4'
+    try "film: sheet to a full disk" bash -c 'film --to 5 --sheet small/sheet.png'
+else
+    echo "film: full disk: not tried, mounting a small one needs root"
+fi
+try "film: folder that cannot be made" bash -c 'film --to 1 /proc/nowhere/film'
+"$programs/lumenfold-film" --show "$show" film.mp4 >/dev/null 2>"$work/err" & running=$!
+sleep 3
+kill -TERM $running
+wait $running
+row "film: SIGTERM" $? "$work/err"
+echo "                                             the film so far: $(ffprobe -v error -show_entries format=duration -of csv=p=0 film.mp4) s"
+for fps in 30 60 144 240; do
+    film --fps $fps --to 3 --timeline >out 2>err
+    row "monitor at $fps Hz: $(film --fps $fps --to 3 --hash | wc -l) pictures in 3 s" $? err
+done
+exit $bad

@@ -63,7 +63,9 @@ VirtualScreen::VirtualScreen() {
         return;
     }
     fcntl(ends[0], F_SETFD, FD_CLOEXEC);
-    server = start({"Xvfb", "-displayfd", "1", "-screen", "0", "1600x1200x24", "-nolisten", "tcp"}, ends[1]);
+    // without -noreset the server starts over when its last client leaves, and refuses who comes just then
+    server =
+        start({"Xvfb", "-displayfd", "1", "-noreset", "-screen", "0", "1600x1200x24", "-nolisten", "tcp"}, ends[1]);
     close(ends[1]);
     char number[16] = {};
     std::size_t length = 0;

@@ -84,9 +84,8 @@ try "demo: no sound device" env SDL_AUDIODRIVER=none-such "$programs/lumenfold"
 
 # signals FAULT COMMANDS: what happens to the running demo; "demo" is its number.
 signals() {
-    set -m # without it a program behind the script ignores SIGINT
-    "$programs/lumenfold" >"$work/out" 2>"$work/err" &
-    set +m
+    # a program behind a script ignores SIGINT unless it is told otherwise
+    env --default-signal=INT "$programs/lumenfold" >"$work/out" 2>"$work/err" &
     local demo=$! status
     eval "$2"
     timeout 20 tail --pid=$demo -f /dev/null || kill -KILL $demo

@@ -109,7 +109,7 @@ class SceneMoments : public film::Output {
     void frame(const film::Frame& frame) override {
         if (next == script.moments.end() || frame.number != frameAt(*next))
             return;
-        golden.check(script.scene + (" " + std::to_string(next->units)) + " " + next->name, frame);
+        golden.check(std::string(script.scene) + " " + std::to_string(next->units) + " " + next->name, frame);
         ++next;
     }
 

@@ -29,11 +29,12 @@ Samples sumLiterally(const JpegBlock& block) {
 
 // Set coefficients at random places, up to a largest absolute value.
 JpegBlock randomBlock(std::mt19937& random, int count, int largest) {
+    const auto range = static_cast<std::uint32_t>(largest);
     JpegBlock block{};
     block.count = count;
     block.coefficients[0] = static_cast<std::int32_t>(random() % 1024) - 512;
     for (int i = 1; i < count; ++i)
-        block.coefficients[random() % 64] = static_cast<std::int32_t>(random() % (2u * largest + 1u)) - largest;
+        block.coefficients[random() % 64] = static_cast<std::int32_t>(random() % (2 * range + 1) - range);
     return block;
 }
 

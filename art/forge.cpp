@@ -51,8 +51,8 @@ int make(const Options& options) {
         try {
             recipe.make(path.string());
             const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-            std::printf("%-20s %8ju bytes %6.1f s\n", recipe.fileName,
-                        static_cast<std::uintmax_t>(std::filesystem::file_size(path)), taken.count());
+            std::printf("%-20s %8llu bytes %6.1f s\n", recipe.fileName,
+                        static_cast<unsigned long long>(std::filesystem::file_size(path)), taken.count());
         } catch (const std::exception& error) {
             std::fprintf(stderr, "lumenfold-forge: %s: %s\n", recipe.fileName, error.what());
             ++failures;

@@ -163,7 +163,7 @@ std::vector<std::uint8_t> bytesOf(const std::string& path) {
 std::string fault(const PictureRule& rule, const std::string& path) {
     const std::string name = rule.fileName;
     if (name.substr(name.size() - 4) == ".jpg") {
-        const std::string form = jpegFault(bytesOf(path), rule.width, rule.height);
+        std::string form = jpegFault(bytesOf(path), rule.width, rule.height);
         if (!form.empty()) {
             return form;
         }

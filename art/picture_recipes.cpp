@@ -5,12 +5,9 @@ namespace lumenfold::art {
 
 std::vector<Recipe> pictureRecipes() {
     return {
-        {"skum3.jpg", false, makeLiquidFolds},
-        {"morph3.jpg", false, makeMachineCore},
-        {"bkfire.jpg", false, makeFireWreath},
-        {"svampbak.jpg", false, makeSpongeCavern},
-        {"part3bak.jpg", false, makeRingGallery},
-        {"3dframe.jpg", false, makePrisonFrame},
+        {"skum3.jpg", false, makeLiquidFolds},    {"morph3.jpg", false, makeMachineCore},
+        {"bkfire.jpg", false, makeFireWreath},    {"svampbak.jpg", false, makeSpongeCavern},
+        {"part3bak.jpg", false, makeRingGallery}, {"3dframe.jpg", false, makePrisonFrame},
     };
 }
 

@@ -79,6 +79,7 @@ LlvmpipeLoad::LlvmpipeLoad(int side, bool add) : state_(std::make_unique<State>(
     glEnableClientState(GL_VERTEX_ARRAY);
     glEnableClientState(GL_TEXTURE_COORD_ARRAY);
     glVertexPointer(4, GL_FLOAT, sizeof(Vertex), nullptr);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the interface wants the offset as a pointer
     glTexCoordPointer(2, GL_FLOAT, sizeof(Vertex), reinterpret_cast<const void*>(offsetof(Vertex, texture)));
     drawPicture();
     if (glGetError() != GL_NO_ERROR)

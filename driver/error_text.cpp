@@ -6,7 +6,7 @@
 namespace lumenfold {
 
 std::string errorText(const DynamicError& error) {
-    const std::string message = error.what();
+    std::string message = error.what();
     std::error_code ignored;
     const bool fileName = !message.empty() && message.find_first_of(" :") == std::string::npos;
     if (!fileName)

@@ -8,7 +8,7 @@ std::filesystem::path installedShow() {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     if (!error) {
-        const std::filesystem::path beside = program.parent_path().parent_path() / "share" / "lumenfold" / "show";
+        std::filesystem::path beside = program.parent_path().parent_path() / "share" / "lumenfold" / "show";
         if (std::filesystem::exists(beside, error))
             return beside;
     }

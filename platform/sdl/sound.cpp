@@ -16,7 +16,7 @@ class DeviceSound : public SoundOutput {
     // A program that ends on an error may leave the device playing a tune that is about to go.
     ~DeviceSound() override {
         if (device != 0)
-            close();
+            DeviceSound::close();
     }
     DeviceSound() = default;
     DeviceSound(const DeviceSound&) = delete;

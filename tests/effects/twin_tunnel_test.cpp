@@ -15,7 +15,6 @@ namespace lumenfold {
 namespace {
 
 using test::randomPixels;
-using test::saturatedSum;
 using trig::atan2;
 using trig::cos;
 using trig::sin;

@@ -185,6 +185,7 @@ testing::AssertionResult samePictures(GuardedPicture& expected, GuardedPicture& 
     for (std::size_t i = 0; i < expected.size(); ++i) {
         // depths as bits, too
         if (expected.target()[i] == actual.target()[i] &&
+            // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
             std::memcmp(expected.depth() + i, actual.depth() + i, sizeof(float)) == 0)
             continue;
         const auto width = static_cast<std::size_t>(expected.info().width);

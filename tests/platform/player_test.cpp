@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lumenfold {
@@ -68,61 +69,42 @@ TEST_P(PlayerSyncs, ComeInOrderWithTheirRows) {
 
 constexpr std::uint8_t sync = 0x20;
 
-INSTANTIATE_TEST_SUITE_P(
-    , PlayerSyncs,
-    testing::Values(
-        // 8 rows, again and again; channel order within a row
-        Case{"LoopAndChannels",
-             {4,
-              6,
-              125,
-              0,
-              {0},
-              {8},
-              {{0, 0, 1, sync, 1}, {0, 3, 2, sync, 37}, {0, 3, 0, sync, 59}, {0, 7, 3, sync, 255}}},
-             2.0,
-             "0:1 3:59 3:37 7:255 8:1 11:59 11:37 15:255 16:1"},
-        // patterns of 2 and 4 rows; the loop leaves the first one out
-        Case{"Restart",
-             {2, 6, 125, 1, {0, 1}, {2, 4}, {{0, 1, 0, sync, 5}, {1, 0, 0, sync, 36}}},
-             1.5,
-             "1:5 2:36 6:36 10:36"},
-        // E6x plays rows 1 to 2 three times
-        Case{"PatternLoop",
-             {2,
-              6,
-              125,
-              0,
-              {0},
-              {8},
-              {{0, 1, 0, 0xE, 0x60}, {0, 2, 0, 0xE, 0x62}, {0, 2, 1, sync, 32}, {0, 5, 0, sync, 33}}},
-             1.4,
-             "2:32 4:32 6:32 9:33"},
-        // one row that repeats itself
-        Case{"OneRow", {2, 6, 125, 0, {0}, {1}, {{0, 0, 1, sync, 9}}}, 0.4, "0:9 1:9 2:9 3:9"},
-        // EE2 holds row 1 for three rows' time; its command counts once
-        Case{"PatternDelay",
-             {2, 6, 125, 0, {0}, {8}, {{0, 1, 0, 0xE, 0xE2}, {0, 1, 1, sync, 39}, {0, 2, 1, sync, 59}}},
-             0.8,
-             "1:39 4:59"},
-        // at speed 3 rows take half the time, at tempo 250 a quarter
-        Case{
-            "SpeedAndTempo",
-            {2, 6, 125, 0, {0}, {16}, {{0, 2, 0, 0xF, 3}, {0, 4, 0, sync, 1}, {0, 4, 1, 0xF, 250}, {0, 8, 1, sync, 2}}},
-            0.7,
-            "3:1 4:2"},
-        // jump over rows
-        Case{"Break",
-             {2,
-              6,
-              125,
-              0,
-              {0, 1},
-              {8, 4},
-              {{0, 1, 0, 0xD, 2}, {0, 2, 0, sync, 7}, {1, 2, 0, sync, 8}, {1, 1, 0, sync, 6}}},
-             0.9,
-             "2:8 6:8"}),
-    [](const testing::TestParamInfo<Case>& test) { return std::string(test.param.name); });
+TinyXm tune(std::vector<std::uint8_t> order, std::vector<int> rows, std::vector<test::Command> commands) {
+    return {4, 6, 125, 0, std::move(order), std::move(rows), std::move(commands)};
+}
+
+TinyXm restarting(TinyXm xm, std::uint16_t order) {
+    xm.restart = order;
+    return xm;
+}
+
+const Case cases[] = {
+    // 8 rows, again and again; channel order within a row
+    {"LoopAndChannels",
+     tune({0}, {8}, {{0, 0, 1, sync, 1}, {0, 3, 2, sync, 37}, {0, 3, 0, sync, 59}, {0, 7, 3, sync, 255}}), 2.0,
+     "0:1 3:59 3:37 7:255 8:1 11:59 11:37 15:255 16:1"},
+    // patterns of 2 and 4 rows; the loop leaves the first one out
+    {"Restart", restarting(tune({0, 1}, {2, 4}, {{0, 1, 0, sync, 5}, {1, 0, 0, sync, 36}}), 1), 1.5,
+     "1:5 2:36 6:36 10:36"},
+    // E6x plays rows 1 to 2 three times
+    {"PatternLoop",
+     tune({0}, {8}, {{0, 1, 0, 0xE, 0x60}, {0, 2, 0, 0xE, 0x62}, {0, 2, 1, sync, 32}, {0, 5, 0, sync, 33}}), 1.4,
+     "2:32 4:32 6:32 9:33"},
+    // one row that repeats itself
+    {"OneRow", tune({0}, {1}, {{0, 0, 1, sync, 9}}), 0.4, "0:9 1:9 2:9 3:9"},
+    // EE2 holds row 1 for three rows' time; its command counts once
+    {"PatternDelay", tune({0}, {8}, {{0, 1, 0, 0xE, 0xE2}, {0, 1, 1, sync, 39}, {0, 2, 1, sync, 59}}), 0.8,
+     "1:39 4:59"},
+    // at speed 3 rows take half the time, at tempo 250 a quarter
+    {"SpeedAndTempo", tune({0}, {16}, {{0, 2, 0, 0xF, 3}, {0, 4, 0, sync, 1}, {0, 4, 1, 0xF, 250}, {0, 8, 1, sync, 2}}),
+     0.7, "3:1 4:2"},
+    // jump over rows
+    {"Break", tune({0, 1}, {8, 4}, {{0, 1, 0, 0xD, 2}, {0, 2, 0, sync, 7}, {1, 2, 0, sync, 8}, {1, 1, 0, sync, 6}}),
+     0.9, "2:8 6:8"},
+};
+
+INSTANTIATE_TEST_SUITE_P(, PlayerSyncs, testing::ValuesIn(cases),
+                         [](const testing::TestParamInfo<Case>& test) { return std::string(test.param.name); });
 
 // The row's first sample is the click's first: 140 BPM, whose ticks are no whole number of samples.
 TEST(Player, SyncAndSoundOfARowBeginTogether) {

@@ -46,5 +46,18 @@ TEST_F(StealthFlight, FlagShakesEightFramesAndStartsAgain) {
     }
 }
 
+TEST_F(StealthFlight, FadeReachesNothingAt460AndWraps) {
+    const auto frames = run({0.0F, 396.0F, 459.4F, 460.0F, 460.6F}, {});
+    const auto darkerThan = [](const test::Frame& frame, Pixel32 limit) {
+        return std::all_of(frame.begin(), frame.end(), [limit](Pixel32 p) {
+            return (p & 255) < limit && (p >> 8 & 255) < limit && (p >> 16 & 255) < limit;
+        });
+    };
+    EXPECT_TRUE(darkerThan(frames[1], 128)); // x 128 / 256
+    EXPECT_TRUE(darkerThan(frames[2], 1));   // 1
+    EXPECT_TRUE(darkerThan(frames[3], 1));   // 0
+    EXPECT_FALSE(darkerThan(frames[4], 60)); // -1 reads as 255
+}
+
 } // namespace
 } // namespace lumenfold

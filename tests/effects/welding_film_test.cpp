@@ -84,6 +84,17 @@ TEST_F(WeldingFilm, WeldingEqualsTheLiteralOne) {
     EXPECT_EQ(scene.count, 199);
 }
 
+TEST_F(WeldingFilm, SplitEndsTheWeldingAtItsTime) {
+    loadAll();
+    test::Frame frame = blank(), still;
+    for (const float t : {0.0F, 26.99F, 27.0F, 27.01F}) {
+        draw(weldingFilm, frame, start + t);
+        const test::Frame burned(frozenStill(), frozenStill() + pixelCount(test::show));
+        EXPECT_EQ(burned == still, t >= 27.0F) << t;
+        still = burned;
+    }
+}
+
 TEST_F(WeldingFilm, FilmRollsUntilItsCameraArrivesThenHoldsTheNextPicture) {
     loadAll();
     const test::Frame held(heldPicture(), heldPicture() + pixelCount(test::show));

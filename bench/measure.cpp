@@ -42,13 +42,14 @@ Samples sample(const std::function<void()>& work) {
     return Samples(std::move(times));
 }
 
+double copyMicroseconds(std::size_t pixels) {
+    const std::vector<Pixel32> source(pixels, 0x00123456);
+    std::vector<Pixel32> destination(pixels);
+    return sample([&] { std::memcpy(destination.data(), source.data(), pixels * sizeof(Pixel32)); }).median();
+}
+
 double copyMicroseconds() {
-    static const double time = [] {
-        const std::vector<Pixel32> source(std::size_t{512} * 384, 0x00123456);
-        std::vector<Pixel32> destination(source.size());
-        return sample([&] { std::memcpy(destination.data(), source.data(), source.size() * sizeof(Pixel32)); })
-            .median();
-    }();
+    static const double time = copyMicroseconds(std::size_t{512} * 384);
     return time;
 }
 

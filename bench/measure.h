@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <vector>
 
@@ -24,7 +25,10 @@ class Samples {
 // Runs the work a few times to warm up and then for about a fifth of a second, at least 15 times.
 Samples sample(const std::function<void()>& work);
 
-// Median time of one copy: a memcpy of 512 x 384 pixels. Measured once, at the first call.
+// Median time of a memcpy of so many pixels between two blocks of that size.
+double copyMicroseconds(std::size_t pixels);
+
+// Of one copy: a memcpy of 512 x 384 pixels. Measured once, at the first call.
 double copyMicroseconds();
 
 } // namespace lumenfold::bench

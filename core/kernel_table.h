@@ -21,6 +21,7 @@ struct KernelTable {
     void (*mapTableReversed)(Pixel32* destination, const std::uint16_t* table, std::int32_t offset,
                              const Pixel32* texture, std::size_t count);
     void (*overlayKeyed)(Pixel32* pixels, const Pixel32* overlay, Pixel32 key, std::size_t count);
+    void (*fillPixels)(Pixel32* destination, Pixel32 value, std::size_t count);
     // Adds a block onto another, row lengths in pixels; both lie wholly inside their memory.
     void (*addBlock)(Pixel32* destination, int destinationPitch, const Pixel32* source, int sourcePitch, int width,
                      int height);

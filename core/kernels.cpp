@@ -70,7 +70,7 @@ void copyPixels(Pixel32* destination, const Pixel32* source, std::size_t count) 
 }
 
 void fillPixels(Pixel32* destination, Pixel32 value, std::size_t count) {
-    std::fill_n(destination, count, value);
+    kernels->fillPixels(destination, value, count);
 }
 
 void stampAdd(Pixel32* target, int targetWidth, int targetHeight, const Pixel32* sprite, int width, int height, int x,

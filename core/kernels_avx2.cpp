@@ -72,14 +72,16 @@ void crossFade(Pixel32* pixels, const Pixel32* other, std::uint8_t factor, std::
     plainKernels.crossFade(pixels + i, other + i, factor, count - i);
 }
 
-__m256i halves(__m256i pixels) {
-    return _mm256_and_si256(_mm256_srli_epi32(pixels, 1), broadcast(0x7F7F7F7F));
+// The sum of two halves, each rounded down: where both bytes are even, the instruction's own rounding up has no effect.
+__m256i addHalves(__m256i a, __m256i b) {
+    const __m256i even = broadcast(0xFEFEFEFE);
+    return _mm256_avg_epu8(_mm256_and_si256(a, even), _mm256_and_si256(b, even));
 }
 
 void average(Pixel32* destination, const Pixel32* a, const Pixel32* b, std::size_t count) {
     std::size_t i = 0;
     for (; i + lanes <= count; i += lanes)
-        store(destination + i, _mm256_add_epi32(halves(load(a + i)), halves(load(b + i))));
+        store(destination + i, addHalves(load(a + i), load(b + i)));
     plainKernels.averageHalves(destination + i, a + i, b + i, count - i);
 }
 
@@ -102,14 +104,19 @@ void storeFirst(Pixel32* pixels, __m256i value) {
 }
 
 // As many pixels at a time as the distance: none of them depends on another, and they are those behind for the next.
+// Those behind are kept complemented: the average of complements is rounded down, and with the low bit of those ahead
+// cleared (set, in the complement) that is the sum of the halves in a single instruction from one to the next.
 template <int distance>
 void smearHalvesNear(Pixel32* pixels, std::size_t count) {
+    const __m256i all = broadcast(0xFFFFFFFF);
+    const __m256i lowBits = broadcast(0x01010101);
     std::size_t i = 0;
     if (count >= lanes) {
-        __m256i behind = load(pixels - distance);
+        __m256i behind = _mm256_xor_si256(load(pixels - distance), all);
         for (; i + lanes <= count; i += distance) {
-            behind = _mm256_add_epi32(halves(behind), halves(load(pixels + i + distance)));
-            storeFirst<distance>(pixels + i, behind);
+            const __m256i ahead = _mm256_xor_si256(load(pixels + i + distance), all);
+            behind = _mm256_avg_epu8(behind, _mm256_or_si256(ahead, lowBits));
+            storeFirst<distance>(pixels + i, _mm256_xor_si256(behind, all));
         }
     }
     plainKernels.smearHalves(pixels + i, distance, count - i);
@@ -119,7 +126,7 @@ void smearHalvesFar(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count)
     std::size_t i = 0;
     for (; i + lanes <= count; i += lanes) {
         Pixel32* p = pixels + i;
-        store(p, _mm256_add_epi32(halves(load(p - distance)), halves(load(p + distance))));
+        store(p, addHalves(load(p - distance), load(p + distance)));
     }
     plainKernels.smearHalves(pixels + i, distance, count - i);
 }
@@ -134,10 +141,6 @@ void smearHalves(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
         smearHalvesFar(pixels, distance, count);
 }
 
-__m256i quarters(__m256i pixels) {
-    return _mm256_and_si256(_mm256_srli_epi32(pixels, 2), broadcast(0x3F3F3F3F));
-}
-
 // One pixel after the other, its bytes 16 bits wide in the lower half: two instructions from one to the next.
 struct Smear {
     __m128i pixel;
@@ -148,22 +151,14 @@ struct Smear {
         pixel = _mm_add_epi16(_mm_srli_epi16(first, 2), _mm_unpackhi_epi64(rest, rest));
         return _mm_unpacklo_epi64(first, pixel);
     }
-    __m128i nextFour(__m128i rest) {
-        const __m128i first = next(_mm_cvtepu8_epi16(rest));
-        return _mm_packus_epi16(first, next(_mm_unpackhi_epi8(rest, _mm_setzero_si128())));
-    }
 };
-
-Smear smearFrom(const Pixel32* pixel) {
-    return {_mm_cvtepu8_epi16(_mm_cvtsi32_si128(static_cast<int>(*pixel)))};
-}
 
 // A distance of four pixels: those go on in the registers, 16 bits wide, from four to four.
 std::size_t smearQuartersNear(Pixel32* pixels, std::size_t count) {
     const auto loadFour = [](const Pixel32* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i*>(p)); };
     const auto quartersOf = [](__m128i p) { return _mm_and_si128(_mm_srli_epi32(p, 2), _mm_set1_epi32(0x3F3F3F3F)); };
     const __m128i zero = _mm_setzero_si128();
-    Smear smear = smearFrom(pixels - 1);
+    Smear smear = {_mm_cvtepu8_epi16(_mm_cvtsi32_si128(static_cast<int>(pixels[-1])))};
     __m128i first = _mm_unpacklo_epi8(loadFour(pixels - 4), zero);
     __m128i second = _mm_unpackhi_epi8(loadFour(pixels - 4), zero);
     std::size_t i = 0;
@@ -177,16 +172,44 @@ std::size_t smearQuartersNear(Pixel32* pixels, std::size_t count) {
     return i;
 }
 
-// From eight pixels on all quarters but that of the pixel behind are known for eight at once.
+// Four values of 16 bits for each pixel of pairs of pixels: a before b.
+__m256i pairs(int a, int b) {
+    const auto wide = [](int value) { return static_cast<long long>(value * 0x0001000100010001ULL); };
+    return _mm256_setr_epi64x(wide(a), wide(b), wide(a), wide(b));
+}
+
+// From eight pixels on the three other quarters, r, are known for eight pixels at once. Rounding down can wait:
+// a quarter of (a quarter of p, plus r0), plus r1 is (p + 4 r0 + 16 r1) >> 4, and so on; four pixels take 16 bits. So
+// the pixel behind needs two instructions from four pixels to the next four.
 std::size_t smearQuartersFar(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
-    Smear smear = smearFrom(pixels - 1);
+    const __m256i multiplesOfFour = broadcast(0xFCFCFCFC);
+    const __m256i zero = _mm256_setzero_si256();
+    __m128i behind = _mm_cvtepu8_epi16(_mm_set1_epi32(static_cast<int>(pixels[-1])));
     std::size_t i = 0;
     for (; i + lanes <= count; i += lanes) {
         Pixel32* p = pixels + i;
-        const __m256i beside = _mm256_add_epi32(quarters(load(p - distance)), quarters(load(p + distance)));
-        const __m256i rest = _mm256_add_epi32(beside, quarters(load(p + 1)));
-        const __m128i first = smear.nextFour(_mm256_castsi256_si128(rest));
-        store(p, _mm256_set_m128i(smear.nextFour(_mm256_extracti128_si256(rest, 1)), first));
+        const __m256i back = _mm256_and_si256(load(p - distance), multiplesOfFour);
+        const __m256i ahead = _mm256_and_si256(load(p + distance), multiplesOfFour);
+        const __m256i next = _mm256_and_si256(load(p + 1), multiplesOfFour);
+        const __m256i r =
+            _mm256_add_epi32(_mm256_srli_epi32(_mm256_avg_epu8(back, ahead), 1), _mm256_srli_epi32(next, 2));
+
+        // sums of the weighted r up to each pixel: the first two and the last two of every four
+        __m256i first = _mm256_mullo_epi16(_mm256_unpacklo_epi8(r, zero), pairs(4, 16));
+        __m256i last = _mm256_mullo_epi16(_mm256_unpackhi_epi8(r, zero), pairs(64, 256));
+        first = _mm256_add_epi16(first, _mm256_slli_si256(first, 8));
+        last = _mm256_add_epi16(last, _mm256_slli_si256(last, 8));
+        last = _mm256_add_epi16(last, _mm256_unpackhi_epi64(first, first));
+
+        const __m256i whole = _mm256_unpackhi_epi64(last, last);
+        const __m128i between = _mm_srli_epi16(_mm_add_epi16(behind, _mm256_castsi256_si128(whole)), 8);
+        const __m256i start = _mm256_set_m128i(between, behind);
+        behind = _mm_srli_epi16(_mm_add_epi16(between, _mm256_extracti128_si256(whole, 1)), 8);
+
+        // shifts to the right by 2, 4, 6 and 8
+        first = _mm256_mulhi_epu16(_mm256_add_epi16(first, start), pairs(1 << 14, 1 << 12));
+        last = _mm256_mulhi_epu16(_mm256_add_epi16(last, start), pairs(1 << 10, 1 << 8));
+        store(p, _mm256_packus_epi16(first, last));
     }
     return i;
 }
@@ -237,6 +260,14 @@ void overlay(Pixel32* pixels, const Pixel32* picture, Pixel32 key, std::size_t c
     plainKernels.overlayKeyed(pixels + i, picture + i, key, count - i);
 }
 
+void fill(Pixel32* destination, Pixel32 value, std::size_t count) {
+    const __m256i all = broadcast(value);
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes)
+        store(destination + i, all);
+    plainKernels.fillPixels(destination + i, value, count - i);
+}
+
 void addBlock(Pixel32* destination, int destinationPitch, const Pixel32* source, int sourcePitch, int width,
               int height) {
     for (int row = 0; row < height; ++row, destination += destinationPitch, source += sourcePitch)
@@ -244,7 +275,7 @@ void addBlock(Pixel32* destination, int destinationPitch, const Pixel32* source,
 }
 
 const KernelTable avx2Kernels = {add,           addConstant, fade,        crossFade, average, smearHalves,
-                                 smearQuarters, map,         mapReversed, overlay,   addBlock};
+                                 smearQuarters, map,         mapReversed, overlay,   fill,    addBlock};
 
 } // namespace
 

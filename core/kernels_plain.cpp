@@ -1,6 +1,8 @@
 #include "core/kernel_table.h"
 #include "core/packed.h"
 
+#include <algorithm>
+
 namespace lumenfold {
 
 namespace {
@@ -67,6 +69,10 @@ void overlayPlain(Pixel32* pixels, const Pixel32* overlay, Pixel32 key, std::siz
         pixels[i] = overlay[i] == key ? pixels[i] : overlay[i];
 }
 
+void fillPlain(Pixel32* destination, Pixel32 value, std::size_t count) {
+    std::fill_n(destination, count, value);
+}
+
 void addBlockPlain(Pixel32* destination, int destinationPitch, const Pixel32* source, int sourcePitch, int width,
                    int height) {
     for (int row = 0; row < height; ++row, destination += destinationPitch, source += sourcePitch)
@@ -77,6 +83,6 @@ void addBlockPlain(Pixel32* destination, int destinationPitch, const Pixel32* so
 
 const KernelTable plainKernels = {addPlain,         addConstantPlain, fadePlain,          crossFadePlain,
                                   averagePlain,     smearHalvesPlain, smearQuartersPlain, mapPlain,
-                                  mapReversedPlain, overlayPlain,     addBlockPlain};
+                                  mapReversedPlain, overlayPlain,     fillPlain,          addBlockPlain};
 
 } // namespace lumenfold

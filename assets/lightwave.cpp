@@ -6,6 +6,7 @@
 #include "assets/planar_coordinates.h"
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 #include <unordered_map>
 
@@ -17,6 +18,12 @@ constexpr std::size_t headerSize = 8; // identifier and 32-bit length
 constexpr std::size_t pointSize = 12;
 constexpr std::size_t triangleSize = 10;
 
+// A triangle as the file holds it.
+struct Triangle {
+    std::array<std::int16_t, 3> points;
+    std::int16_t surface; // 1 is the first
+};
+
 class ObjectReader {
   public:
     ObjectReader(BigEndianReader bytes, Mesh& destination, std::uint32_t bits, std::ostream& commentary)
@@ -27,6 +34,7 @@ class ObjectReader {
             return;
         while (file.remaining() >= headerSize && readChunk()) {
         }
+        makeFaces();
         bindSurfaces();
     }
 
@@ -83,11 +91,6 @@ class ObjectReader {
         out << "found PNTS chunk....\n"
             << "length of chunk : " << chunk.remaining() << " bytes \n"
             << "number of vertices: " << count << "\n \n";
-        if (!mesh.faces.empty()) {
-            out << "faces of the points before these skipped \n";
-            mesh.faces.clear();
-            mesh.faceCount = 0;
-        }
         mesh.vertexCount = static_cast<std::uint32_t>(count);
         mesh.vertices.assign(count, MeshVertex{});
         for (MeshVertex& vertex : mesh.vertices) {
@@ -137,9 +140,8 @@ class ObjectReader {
     void readPolygons(BigEndianReader chunk) {
         out << "found POLS chunk....\n"
             << "length of chunk: " << chunk.remaining() << " bytes \n \n";
-        mesh.faces.clear();
-        mesh.faces.reserve(chunk.remaining() / triangleSize);
-        std::size_t skipped = 0;
+        triangles.clear();
+        triangles.reserve(chunk.remaining() / triangleSize);
         while (chunk.remaining() > 0) {
             const std::size_t corners = chunk.readU16();
             if (corners != 3)
@@ -150,33 +152,40 @@ class ObjectReader {
                 out << "polygon without its end, skipped \n";
                 break;
             }
-            const BigEndianReader polygon = chunk.take(size);
-            if (corners == 3 && !addTriangle(polygon))
-                ++skipped;
+            BigEndianReader polygon = chunk.take(size);
+            if (corners == 3)
+                triangles.push_back({{polygon.readI16(), polygon.readI16(), polygon.readI16()}, polygon.readI16()});
         }
-        mesh.faceCount = static_cast<std::uint32_t>(mesh.faces.size());
-        if (skipped > 0)
-            out << skipped << " faces with absent points skipped \n";
-        out << mesh.faceCount;
+        out << triangles.size();
     }
 
-    // Whether all its points are there. Vertex numbers are signed, so that an object has at most 32768 points.
-    bool addTriangle(BigEndianReader polygon) {
-        MeshFace face;
-        for (MeshVertex*& corner : face.corners) {
-            const std::int16_t number = polygon.readI16();
-            if (number < 0 || static_cast<std::uint32_t>(number) >= mesh.vertexCount)
-                return false;
-            corner = &mesh.transformed[static_cast<std::size_t>(number)];
+    // Done behind the last chunk, because the points may stand behind the polygons.
+    void makeFaces() {
+        mesh.faces.clear();
+        mesh.faces.reserve(triangles.size());
+        for (const Triangle& triangle : triangles) {
+            MeshFace face;
+            face.surface = triangle.surface - 1;
+            for (std::size_t i = 0; i < 3; ++i)
+                face.corners[i] = pointAt(triangle.points[i]);
+            if (std::find(face.corners.begin(), face.corners.end(), nullptr) == face.corners.end())
+                mesh.faces.push_back(face);
         }
-        face.surface = polygon.readI16() - 1;
-        mesh.faces.push_back(face);
-        return true;
+        mesh.faceCount = static_cast<std::uint32_t>(mesh.faces.size());
+        if (mesh.faceCount < triangles.size())
+            out << "\n" << triangles.size() - mesh.faceCount << " faces with absent points skipped \n";
+    }
+
+    // Null where there is none. Numbers are signed, so that an object has at most 32768 points.
+    MeshVertex* pointAt(std::int16_t number) const {
+        const bool present = number >= 0 && static_cast<std::uint32_t>(number) < mesh.vertexCount;
+        return present ? &mesh.transformed[static_cast<std::size_t>(number)] : nullptr;
     }
 
     // Whether the surface is known; reading ends with one that is not.
     bool describeSurface(BigEndianReader chunk) {
         const std::size_t length = chunk.remaining();
+        out << "found SURF chunk....\n";
         const std::optional<std::string> name = chunk.readName();
         if (!name) {
             out << "surface name without an end, skipped \n";
@@ -184,8 +193,7 @@ class ObjectReader {
         }
         const auto found = surfaceNumbers.find(*name);
         const std::int32_t number = found != surfaceNumbers.end() ? found->second : -1;
-        out << "found SURF chunk....\n"
-            << "describing " << *name << " surface "
+        out << "describing " << *name << " surface "
             << "(" << number << ")"
             << "\n"
             << "length of chunk: " << length << " bytes \n";
@@ -229,6 +237,7 @@ class ObjectReader {
     Mesh& mesh;
     std::uint32_t modeBits;
     std::ostream& out;
+    std::vector<Triangle> triangles;
     std::unordered_map<std::string, std::int32_t> surfaceNumbers; // by name, zero-based
 };
 

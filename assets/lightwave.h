@@ -9,7 +9,8 @@
 namespace lumenfold {
 
 // Reads a LightWave object (IFF "FORM" of type "LWOB", triangles only) into an empty mesh, with a running commentary
-// on standard output. modeBits is ORed into every surface's mode (scenes pass 1, loadObject 4). Texture layers fetch
+// on standard output. Chunks may come in any order, but a surface is named before it is described: one that is not
+// ends the reading. modeBits is ORed into every surface's mode (scenes pass 1, loadObject 4). Texture layers fetch
 // their images with getTexture, whose errors pass through. A missing or foreign file leaves the mesh without
 // faces and with an identity orientation. Damaged files: what points nowhere (a vertex number beyond the points, a
 // chunk longer than the file) is skipped and told.

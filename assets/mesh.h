@@ -63,7 +63,7 @@ struct MeshFace {
 // One loaded object. Owns everything but the textures. Not copyable: the faces point into its arrays.
 struct Mesh {
     std::vector<MeshVertex> vertices;    // object space; written by the loaders only
-    std::vector<MeshVertex> transformed; // camera space; rewritten by every draw
+    std::vector<MeshVertex> transformed; // camera space, normals in world space; rewritten by every draw
     std::vector<MeshFace> faces;
     std::vector<MeshMaterial> materials;
     std::uint32_t vertexCount = 0;

@@ -14,8 +14,9 @@ namespace lumenfold {
 // "tga" and "jpg" files are exactly target.width x target.height, "pcx" files sourceWidth x sourceHeight, cropped to
 // the target or, if resample is not 0, scaled to it (nearest neighbour). A name with another ending reads nothing.
 // destination: target.width x target.height pixels, owned by the caller.
-// Returns 1 always. Throws DynamicError (file name first) when the file cannot be opened or is of a kind that the
-// reader does not support; files that end early keep what was decoded (JPEG, TGA) or leave the block as it was (PCX).
+// Returns 1 always. Throws DynamicError (file name first) when the file cannot be opened, or when a JPEG file is of
+// another size, of a kind that is not supported or damaged in its headers. Files that end early give what was decoded,
+// black or 0 behind it (JPEG, TGA), or leave the block as it was (PCX).
 std::int32_t loadImage(const char* fileName, Pixel32* destination, std::int32_t sourceWidth, std::int32_t sourceHeight,
                        FrameInfo target, std::int32_t resample);
 
@@ -36,8 +37,9 @@ struct TextureCache {
 
 extern TextureCache textureCache;
 
-// The 256 x 256 texture of that name (letter case ignored), read on the first request. Owned by the cache, valid
-// until it is closed. Throws as loadImage does, and DynamicError for a 41st name; then nothing is added.
+// The 256 x 256 texture of that name (letter case ignored), read on the first request; what its file does not cover is
+// 0. Owned by the cache, valid until it is closed; who draws into it changes it for every user of the name.
+// Throws as loadImage does, and DynamicError for a 41st name; then nothing is added.
 Pixel32* getTexture(const char* fileName);
 
 } // namespace lumenfold

@@ -12,8 +12,9 @@
 #include <vector>
 
 // JPEG files (ITU-T T.81): sequential Huffman coding, 8-bit samples, one scan that holds every component, at most
-// four components. The inverse transform is a direct sum in double precision and chroma is sampled bilinearly
-// without a half-sample offset, so pictures differ by a few steps from other decoders' and never between machines.
+// four components, of which a single one has the sampling factors 1 x 1 (with others its blocks are not taken in T.81's
+// order). The inverse transform is a direct sum in double precision and chroma is sampled bilinearly without a
+// half-sample offset, so pictures differ by a few steps from other decoders' and never between machines.
 
 namespace lumenfold {
 

@@ -90,7 +90,8 @@ void JpegDecoder::decodeScan() {
     }
 }
 
-// The blocks of one minimum coded unit; false when the data is no code.
+// The blocks of one minimum coded unit; false when the data is no code. A single component has as many of them as its
+// sampling factors say, where T.81 (A.2.2) has one: grey pictures are to be written with factors 1 x 1.
 bool JpegDecoder::decodeUnit(JpegBitReader& reader, std::size_t unit) {
     const auto transform = jpegKernels().transform;
     const std::size_t unitRow = unit / frame.unitsAcross;

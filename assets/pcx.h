@@ -13,8 +13,8 @@ namespace lumenfold {
 
 // Reads a picture of sourceWidth x sourceHeight pixels into destination (target.width x target.height pixels, owned by
 // the caller). resample 0: its top-left part that fits, the rest of the block stays; otherwise scaled to the whole
-// block, nearest neighbour. Returns 0, or -1 when the file ends before the picture does; then nothing is written.
-// Throws DynamicError with the file name when the file cannot be opened.
+// block, nearest neighbour. Returns 0, or -1 when the file ends before the picture does (or the source size
+// holds no pixel); then nothing is written. Throws DynamicError with the file name when the file cannot be opened.
 std::int32_t readPcx(const char* fileName, Pixel32* destination, std::int32_t sourceWidth, std::int32_t sourceHeight,
                      FrameInfo target, std::int32_t resample);
 

@@ -18,7 +18,7 @@ struct SparkPlaneState {
 struct FlarePictureState {
     std::vector<Pixel32> background; // 512 x 384
     std::vector<Pixel32> flare;      // 32 x 32
-    std::vector<Pixel32> frame;      // the driver's frame, never written
+    std::vector<Pixel32> frame;      // the frame's size, never used
 } flarePicture;
 
 } // namespace

@@ -62,7 +62,7 @@ void addClaws(FrameInfo info) {
     turnOnce(front, -90.0F, info);
 }
 
-// An object that is added onto the picture, its texture scrolling.
+// An object that is added onto the picture.
 Mesh& addGlowingObject(const char* fileName) {
     Mesh& mesh = addObjectFromFile(state.scene, fileName);
     setModes(mesh, 0x29);

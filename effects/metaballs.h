@@ -17,9 +17,6 @@ struct MetaballGrid {
     static constexpr float spacing = 40.0F;
 
     std::array<float, side * side * side> samples{};
-
-    float& at(int x, int y, int z) { return samples[static_cast<std::size_t>(x + strideZ * z + strideY * y)]; }
-    float at(int x, int y, int z) const { return samples[static_cast<std::size_t>(x + strideZ * z + strideY * y)]; }
 };
 
 struct Metaball {
@@ -31,10 +28,11 @@ struct Metaball {
 // Adds the ball's field, strength - squared distance x falloff and not below 0, to every sample.
 void addMetaball(MetaballGrid& grid, const Metaball& ball);
 
-// Replaces points by those where the field crosses the level on an edge of the grid. Each cell between eight samples
-// gives its own points, so a point occurs once for every cell at its edge. No more than maxCrossings are kept: the
-// rest of the grid is left out then.
 inline constexpr std::size_t maxCrossings = 6000;
+
+// Replaces points by those, in units, where the field crosses the level on an edge of the grid. Each cell between eight
+// samples gives its own points, so a point occurs once for every cell at its edge. No more than maxCrossings are kept:
+// the rest of the grid is left out then.
 void polygonise(const MetaballGrid& grid, float level, std::vector<Vector3>& points);
 
 } // namespace lumenfold

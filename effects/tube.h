@@ -31,8 +31,8 @@ void mapTube(Tube& tube);
 
 // Draws the segments that run from left to right, each as a span on its ring's row, seen from the distance given.
 // Texture (256 x 256) plus shade replaces the frame's pixels, depth-tested and depth-written with depthBase + 1/z in
-// the depth buffer. frame: info.width pixels a row, at least as many rows as the tube has rings. What lies outside the
-// row is left out.
+// the depth buffer. frame and depth buffer: info.width wide, at least as many rows as the tube has rings. What lies
+// outside the row is left out.
 void drawTube(const Tube& tube, const Pixel32* texture, std::uint32_t zoomDistance, Pixel32* frame, FrameInfo info,
               float depthBase);
 

@@ -26,11 +26,12 @@ extern WarpGrid warpGrid;
 // Added to every u and v that drawGridWarp reads; the scenes share it.
 extern std::int32_t warpOffset;
 
-// Fills area.width x area.height pixels (rows area.width apart) from a 256 x 256 texture through the grid, then adds
-// step to the warp offset.
+// Fills area.width x area.height pixels (rows area.width apart) from a 256 x 256 texture through the grid's 64 x 48
+// cells, then adds step to the warp offset. A remainder that the cells do not cover stays as it is.
 void drawGridWarp(Pixel32* target, FrameInfo area, const WarpGrid& grid, const Pixel32* texture, std::int32_t step);
 
-// One cell of the warp at (x0, y0); corners in the order top-left, top-right, bottom-left, bottom-right.
+// One cell of the warp, area.width / 64 x area.height / 48 pixels (rounded down) from (x0, y0) of the target on. u, v:
+// texels at the corners top-left, top-right, bottom-left, bottom-right, the warp offset included.
 void fillWarpCell(FrameInfo area, Pixel32* target, const Pixel32* texture, int x0, int y0,
                   const std::array<std::int32_t, 4>& u, const std::array<std::int32_t, 4>& v);
 

@@ -26,6 +26,11 @@ namespace {
 class HashLines : public Output {
   public:
     explicit HashLines(std::FILE* file) : stream(file) {}
+    HashLines(const HashLines&) = delete;
+    HashLines& operator=(const HashLines&) = delete;
+
+    // What was shown before an error ended the film is printed too.
+    ~HashLines() override { print(); }
 
     void frame(const Frame& frame) override {
         Pending& slot = pending[filled++];

@@ -73,20 +73,24 @@ TEST(Hash, IsFnv1aOverBlueGreenRed) {
 }
 
 TEST(Hash, PrintsEveryFrameOnce) {
-    std::FILE* file = std::tmpfile();
-    const auto lines = makeHashLines(file);
-    const Pixel32 foo = 'o' << 16 | 'o' << 8 | 'f';
-    for (int number = 0; number < 6; ++number)
-        lines->frame({number, 2.86399997F, 7, &foo, 1, 1});
-    lines->finish();
-    std::rewind(file);
-    char text[64];
-    for (int number = 0; number < 6; ++number) {
-        ASSERT_NE(std::fgets(text, sizeof text, file), nullptr);
-        EXPECT_EQ(std::string(text), std::to_string(number) + " 2.86400008 7 dcb27518fed9d577\n");
+    for (const bool ended : {true, false}) { // or given up after an error
+        std::FILE* file = std::tmpfile();
+        auto lines = makeHashLines(file);
+        const Pixel32 foo = 'o' << 16 | 'o' << 8 | 'f';
+        for (int number = 0; number < 6; ++number)
+            lines->frame({number, 2.86399997F, 7, &foo, 1, 1});
+        if (ended)
+            lines->finish();
+        lines.reset();
+        std::rewind(file);
+        char text[64];
+        for (int number = 0; number < 6; ++number) {
+            ASSERT_NE(std::fgets(text, sizeof text, file), nullptr);
+            EXPECT_EQ(std::string(text), std::to_string(number) + " 2.86400008 7 dcb27518fed9d577\n");
+        }
+        EXPECT_EQ(std::fgets(text, sizeof text, file), nullptr);
+        std::fclose(file);
     }
-    EXPECT_EQ(std::fgets(text, sizeof text, file), nullptr);
-    std::fclose(file);
 }
 
 TEST(Sound, IsRoundedLimitedAndHasItsLengthInTheFile) {

@@ -1,10 +1,11 @@
-// The bust: a head with closed eyes on short neck and draped shoulders, as one solid of signed distances; mirrored in
-// x, face towards -z, about 2.3 high before scaling. What colours it is chosen by the scene.
+// The bust: a head with closed eyes on short neck and shoulders over a turned foot, as one solid of signed distances;
+// mirrored in x, face towards -z, about 2.5 high before scaling. What colours it is chosen by the scene.
 
 #include "art/isosurface.h"
 #include "art/objects.h"
 #include "art/shapes.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace lumenfold::art {
@@ -59,6 +60,26 @@ double shoulders(Point p, Point m) {
     return carve(d, capsule(p, {0, -0.62, -0.50}, {0, -1.15, -0.50}, 0.04, 0.06), 0.14);      // spine
 }
 
+// The shoulders end in a bowl, rounded from side to side and from front to back.
+double torso(Point p, Point m) {
+    const Point below{p.x, std::min(p.y + 0.40, 0.0), p.z + 0.05};
+    return common(shoulders(p, m), ellipsoid(below, {}, {0.92, 0.72, 0.58}), 0.06);
+}
+
+// A turned foot: a waist with a ring, a disc, its underside hollowed round a boss.
+double plinth(Point p) {
+    const Point q{p.x, p.y, p.z + 0.05};
+    double d = capsule(q, {0, -1.02, 0}, {0, -1.30, 0}, 0.23, 0.13);
+    d = join(d, torus(q, {0, -1.205, 0}, 0.185, 0.034), 0.012);
+    const double out = std::sqrt(q.x * q.x + q.z * q.z) - 0.355;
+    const double up = std::fabs(q.y + 1.345) - 0.020;
+    const double rim = std::sqrt(std::pow(std::max(out, 0.0), 2) + std::pow(std::max(up, 0.0), 2)) +
+                       std::min(std::max(out, up), 0.0) - 0.042;
+    d = join(d, rim, 0.07);
+    d = carve(d, sphere(q, {0, -1.90, 0}, 0.58), 0.03);
+    return join(d, ellipsoid(q, {0, -1.33, 0}, {0.12, 0.06, 0.12}), 0.03);
+}
+
 double bust(Point q) {
     const Point p{q.x, q.y, -q.z};
     const Point m{std::fabs(p.x), p.y, p.z};
@@ -66,20 +87,17 @@ double bust(Point q) {
     constexpr double size = 1.12;
     const Point h = (p + Point{0, 0.05, 0}) * (1 / size);
     const Point hm{std::fabs(h.x), h.y, h.z};
-    double d = ear(features(skull(h, hm), h, hm), hm) * size;
-    d = join(d, shoulders(p, m), 0.055);
-    // cut off in a rising curve, as on a plinth
-    d = common(d, ellipsoid(p, {0, -0.22, -0.05}, {0.92, 1.22, 0.66}), 0.03);
-    return common(d, -(p.y + 1.15 + 0.32 * m.x - 0.25 * m.x * m.x), 0.025);
+    const double head = ear(features(skull(h, hm), h, hm), hm) * size;
+    return join(join(head, torso(p, m), 0.055), plinth(p), 0.05);
 }
 
 } // namespace
 
 Model makeBust() {
-    Model model = meshSolid(bust, {-1.05, -1.35, -0.85}, {1.05, 1.25, 0.85}, 0.023);
-    simplify(model, 4600);
+    Model model = meshSolid(bust, {-1.05, -1.50, -0.85}, {1.05, 1.25, 0.85}, 0.023);
+    simplify(model, 4900);
     for (Point& point : model.points)
-        point = point * 10.3;
+        point = (point + Point{0, 0.10, 0}) * 10.0; // turns about the middle of its height
     model.addSurface({"skin", {20, 82, 92}, {}, {}});
     return model;
 }

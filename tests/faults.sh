@@ -44,19 +44,33 @@ damage() { # FAULT FILE
     half) truncate -s $(($(stat -c %s "$2") / 2)) "$2" ;;
     random) head -c "$(stat -c %s "$2")" /dev/urandom >"$2" ;;
     other-kind) cp "$root/show/$(case $2 in *.jpg | *.tga) echo bfs0.pcx ;; *) echo petrolflare.jpg ;; esac)" "$2" ;;
+    unreadable) chmod 000 "$2" ;;
     same-kind) cp "$(ls "$root"/show/*."${2##*.}" | grep -v "/${2##*/}\$" | head -1)" "$2" 2>/dev/null ;;
     esac
 }
 
+# Runs a command as a user whom a file's permissions stop: root becomes nobody.
+mortal() {
+    if [ "$(id -u)" != 0 ]; then
+        "$@"
+    else
+        setpriv --reuid=65534 --regid=65534 --clear-groups "$@"
+    fi
+}
+chmod 755 "$work"
+permissions=yes
+mortal test -x "$programs/lumenfold-film" -a -r "$show/bzzzz.xm" 2>/dev/null || permissions=
+
 # Every asset with one fault: how many films ended with which status, and how many were wordless.
 assets() {
-    local fault=$1 file status length
+    local fault=$1 file status length user=
+    [ "$fault" != unreadable ] || user=mortal
     for file in "$root"/show/*; do
         local name=${file##*/}
         length=0.5 # all is read by then
         [ "$name" != endtune.xm ] || length=345
         damage "$fault" "$show/$name"
-        timeout 120 "$programs/lumenfold-film" --show "$show" --to $length --timeline >"$work/out" 2>"$work/err"
+        $user timeout 120 "$programs/lumenfold-film" --show "$show" --to $length --timeline >"$work/out" 2>"$work/err"
         status=$?
         echo "$fault $name status $status: $(said "$work/err")" >>"$work/assets"
         [ $status -lt 124 ] || { bad=1; tail -1 "$work/assets"; }
@@ -68,11 +82,12 @@ assets() {
     echo
 }
 
-for fault in missing directory empty half random other-kind same-kind; do
+for fault in missing directory ${permissions:+unreadable} empty half random other-kind same-kind; do
     assets $fault
 done
+[ -n "$permissions" ] || echo "every asset unreadable: not tried, there is no user whom the permissions stop"
 echo "for example"
-grep -hE "^(missing|directory|half|random) (hall1.jpg|credt.lwo|bzzzz.xm|endtune.xm|greets2.pcx)" "$work/assets" | sed 's/^/  /'
+grep -hE "^(missing|directory|unreadable|half|random) (hall1.jpg|credt.lwo|bzzzz.xm|endtune.xm|greets2.pcx)" "$work/assets" | sed 's/^/  /'
 
 cd "$work"
 mkdir empty
@@ -97,6 +112,34 @@ signals "demo: SIGTERM while loading" 'sleep 0.2; kill -TERM $demo'
 signals "demo: SIGTERM while playing" 'sleep 4; kill -TERM $demo'
 signals "demo: SIGINT while playing" 'sleep 4; kill -INT $demo'
 signals "demo: a frame of two seconds, then SIGTERM" 'sleep 3; kill -STOP $demo; sleep 2; kill -CONT $demo; sleep 1; kill -TERM $demo'
+
+# Starts a sound server of its own for the demo to lose; "server" is its number.
+serve() {
+    rm -f "$work/socket"
+    HOME=$work XDG_RUNTIME_DIR=$work pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
+        -L module-null-sink -L "module-native-protocol-unix socket=$work/socket auth-anonymous=1" 2>/dev/null &
+    server=$!
+    sleep 1
+}
+if command -v pulseaudio >/dev/null; then
+    export PULSE_SERVER=unix:$work/socket SDL_AUDIODRIVER=pulseaudio
+    serve
+    signals "demo: sound server dies while playing" 'sleep 4; kill -KILL $server; sleep 2; kill -TERM $demo'
+    serve
+    signals "demo: sound server hangs, SIGTERM at once" 'sleep 4; kill -STOP $server; sleep 1; kill -TERM $demo'
+    kill -KILL $server
+    serve
+    signals "demo: sound server hangs, SIGTERM later" 'sleep 4; kill -STOP $server; sleep 4; kill -TERM $demo'
+    kill -KILL $server
+    serve
+    signals "demo: sound server dies and comes back" \
+        'sleep 4; kill -KILL $server; sleep 1; serve; sleep 3; pactl list short sink-inputs >$work/heard; kill -TERM $demo'
+    kill -KILL $server
+    echo "                                             sounds that the new server plays: $(wc -l <"$work/heard")"
+    export SDL_AUDIODRIVER=dummy
+else
+    echo "demo: lost sound device: not tried, pulseaudio is not installed"
+fi 2>/dev/null
 
 cd "$work"
 mkdir -p small bin

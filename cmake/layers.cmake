@@ -1,7 +1,7 @@
 # Compile flags that every target shares, and the two kinds of target that the layers are made of.
 
 add_library(lumenfold_flags INTERFACE)
-target_compile_options(lumenfold_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror
+target_compile_options(lumenfold_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow $<$<BOOL:${LUMENFOLD_WERROR}>:-Werror>
                        # the same bits from every compiler and on every processor
                        -ffp-contract=off)
 target_include_directories(lumenfold_flags INTERFACE ${PROJECT_SOURCE_DIR})

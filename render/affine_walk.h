@@ -7,6 +7,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <utility>
 
 // The walk over the rows of a triangle that the affine fillers share: no correction within a pixel, every edge starts
@@ -54,13 +55,14 @@ class AffineEdge {
 };
 
 // Calls drawRow(a, b, row) for every row that lies on a target of the given height. Rows above it are walked too,
-// because z accumulates in floats; a float does not count rows beyond 2^24, and triangles that reach farther (or
+// because z accumulates in floats; a float does not count more than 2^24 of them, and triangles that begin higher (or
 // whose corners are no numbers) are left out.
 template <int layers, class DrawRow>
 void walkAffineTriangle(std::array<SnappedCorner<layers>, 3> corners, std::int32_t height, DrawRow drawRow) {
-    constexpr std::int32_t farthestRow = 1 << 24;
+    constexpr std::int32_t mostRowsAbove = 1 << 24;
+    constexpr std::int32_t lastRow = std::numeric_limits<std::int32_t>::max() - mostRowsAbove; // heights stay in range
     for (const SnappedCorner<layers>& corner : corners) {
-        if (corner.y < -farthestRow || corner.y > farthestRow)
+        if (corner.y < -mostRowsAbove || corner.y > lastRow)
             return;
     }
     const auto sort = [&corners](std::size_t first, std::size_t second) {

@@ -7,8 +7,12 @@
 
 namespace lumenfold {
 
-// A projected corner for the fillers that interpolate texture coordinates linearly over the screen: snapped to whole
-// pixels and whole texels by the set-up. The second pair is used by the two-layer filler only.
+// Fillers that interpolate texture coordinates linearly over the screen, and 1/z linearly within a row. All are
+// depth-tested (strictly) and depth-written, the added ones too; a row that is cut at the right border leaves out the
+// last column. Textures: 256 x 256, wrapping. target and depth buffer: info.width x info.height.
+
+// A projected corner: x, y in screen pixels, z in camera space, u and v in texels; snapped to whole pixels and whole
+// texels by the set-up. The second pair is used by the two-layer filler only.
 struct AffineCorner {
     float x, y, z;
     float u1, v1;

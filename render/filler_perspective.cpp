@@ -7,16 +7,18 @@
 #include "render/planar.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
+
+// Source: P. S. Heckbert and H. P. Moreton, Interpolation for Polygon Texture Mapping and Shading (1991): what is
+// linear on a plane in space is, divided by z, linear on the screen.
 
 namespace lumenfold {
 
 namespace {
 
-// Rows are walked one by one from the top corner, on the screen or not, because the edges accumulate in floats. A
-// float does not count rows beyond this one: triangles that reach farther (or hold NaN) are left out.
-constexpr float farthestRow = 16777216.0F;
+// Rows above the screen are walked one by one from the top corner, because the edges accumulate in floats. A float
+// does not count more rows than these: triangles that begin higher (or hold NaN) are left out.
+constexpr float mostRowsAbove = 16777216.0F;
 
 struct Corner {
     float x, y; // screen + 0.5
@@ -86,7 +88,7 @@ void drawTriangle(const PerspectiveCorner (&projected)[3], PerspectiveTriangle& 
     Corner middle = makeCorner(projected[1]);
     Corner bottom = makeCorner(projected[2]);
     for (const Corner* corner : {&top, &middle, &bottom}) {
-        if (!(std::fabs(corner->y) <= farthestRow))
+        if (!(corner->y >= -mostRowsAbove))
             return;
     }
     if (middle.y < top.y)

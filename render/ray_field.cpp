@@ -18,7 +18,7 @@ namespace {
 
 constexpr int columns = 32; // cells of the frame; the grid has one more ray each way
 constexpr int rows = 24;
-constexpr std::int32_t darkest = 255;
+constexpr double darkest = 255;
 
 // A ray's texture coordinates packed as v x 65536 + u, and its darkening.
 struct Sample {
@@ -28,7 +28,7 @@ struct Sample {
 
 // Where the numbers run past 16 bits or below zero, u borrows from v: the unpacking takes it as it stands.
 Sample pack(double u, double v, double shade) {
-    return {wrapAdd(wrapMul(truncate(v), 65536), truncate(u)), std::min(truncate(shade), darkest)};
+    return {wrapAdd(wrapMul(truncate(v), 65536), truncate(u)), truncate(std::min(shade, darkest))};
 }
 
 Sample samplePlane(const Vector3& ray, float distance) {
@@ -36,7 +36,7 @@ Sample samplePlane(const Vector3& ray, float distance) {
     const double y = ray[1];
     const double z = ray[2];
     if (y >= -0.002 && y <= 0.002)
-        return {0, darkest};
+        return pack(0, 0, darkest);
     const double t = std::fabs(distance / y);
     return pack(t * x * 6.0, t * z * 6.0, t * 0.7);
 }
@@ -48,7 +48,7 @@ Sample sampleTunnel(const Vector3& ray) {
     const double z = ray[2];
     const double r = std::sqrt(x * x + y * y);
     if (r == 0.0)
-        return {0, darkest}; // along the axis the tunnel has no end
+        return pack(0, 0, darkest); // along the axis the tunnel has no end
     return pack(std::fabs(trig::atan2(y, x)) * 81.4873996925124, z / r * 32.0, std::fabs(z / r) * 6.0);
 }
 

@@ -31,7 +31,8 @@ struct RayField {
 // A field of 33 x 25 unit rays through the frame's grid, identity matrix, plane distance 30.
 RayField makeRayField(RayShape shape, const Pixel32* texture);
 
-// Fills the whole target (info.width x info.height) with the field.
+// Turns the rays by the angles and fills the whole target (info.width x info.height, multiples of 32 x 24: what is left
+// over stays as it was) with the field, darkened with distance. Needs at least 33 x 25 rays. No depth.
 void drawRayField(RayField& field, Pixel32* target, FrameInfo info);
 
 } // namespace lumenfold

@@ -19,6 +19,8 @@ struct Sprite {
 };
 
 // Draws a sprite whose position is in camera space (drawn from z > 0.35 on). Target: info.width x info.height.
+// Unscaled: wholly inside the target or not at all, no depth. Scaled and added: hidden or seen as a whole by the depth
+// at its centre, none written. Scaled and opaque: not depth-tested, writes its z as it stands. Scaled average: nothing.
 void drawSprite(const Sprite& sprite, Pixel32* target, FrameInfo info, float depthBias);
 
 } // namespace lumenfold

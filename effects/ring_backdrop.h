@@ -23,9 +23,14 @@ struct RingBackdrop {
     int bandScroll = 0;  // pixels, 0 to 508
     int stripOffset = 0; // pixels, 0 to 65535
 
+    // Takes the pictures, bandWidth x bandHeight and stripWidth x stripHeight.
     void set(std::vector<Pixel32> bandPicture, std::vector<Pixel32> stripPicture);
+
+    // Add (saturating) onto the 512 x 384 picture.
     void addBands(Pixel32* pixels) const;
     void addStrip(Pixel32* pixels) const;
+
+    // One frame further: four pixels of the band, two rows of the strip.
     void scroll();
 };
 

@@ -9,7 +9,7 @@ namespace lumenfold {
 void igniteSpark(SparkShower& shower, std::int32_t y0, FrameInfo settings) {
     if (shower.count >= SparkShower::maxCount)
         return;
-    const std::int32_t right = rand() / 16000; // -2 to 2 in whole steps, mostly 0
+    const std::int32_t right = rand() / 16000; // 0 or 1, seldom 2: about half of the sparks fall straight down
     const std::int32_t left = rand() / 16000;
     Spark& spark = shower.sparks[static_cast<std::size_t>(shower.count)];
     spark.x = static_cast<float>(settings.width / 2);

@@ -16,8 +16,8 @@ struct SpriteRing {
     float frequency = 2.0F;          // crests of the wave
 };
 
-// Adds the ring onto the picture (saturating) at ring time T and moves it on by a frame; pulse starts a pulse.
-// What falls outside the picture is left out.
+// Adds the ring onto the picture (settings.width x settings.height, saturating) at ring time T, of which 1.6 go into a
+// unit of demo time, and moves it on by a frame; pulse starts a pulse. What falls outside the picture is left out.
 void drawSpriteRing(SpriteRing& ring, FrameInfo settings, double T, Pixel32* pixels, bool pulse);
 
 } // namespace lumenfold

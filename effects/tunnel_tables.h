@@ -8,7 +8,8 @@
 namespace lumenfold {
 
 // Texture coordinates for every pixel of a picture, seen from its middle: one 16-bit entry a pixel, row-major, low byte
-// the texture's column, high byte its row. Look-ups add an offset that moves the whole picture.
+// the texture's column, high byte its row. Look-ups add an offset that moves the whole picture. The builders replace
+// what the table held before; only width and height of the size are read.
 using TunnelTable = std::vector<std::uint16_t>;
 
 // A straight tunnel: the column turns with the angle, the row grows with the distance from the middle.

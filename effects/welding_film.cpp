@@ -27,8 +27,8 @@ namespace {
 
 constexpr int sparkSide = 16;
 constexpr int torchSide = 32;
-constexpr double splitTime = 27.0;             // of the welding's time
-constexpr double degreesPerHalfTurn = 3.14159; // of the floor's roll; taken as degrees
+constexpr double splitTime = 27.0;    // of the welding's time
+constexpr double floorRoll = 3.14159; // pi, but taken as degrees: the most that a frame rolls the floor by
 
 struct State {
     // loaded once
@@ -154,7 +154,7 @@ void renderFilm(FrameInfo info, Pixel32* frame, float time) {
     state.floor.scrollV -= 4;
     state.floor.scrollU += 4;
     state.floor.angles[1] = -0.6F;
-    state.floor.angles[2] = static_cast<float>(trig::cos(phaseTime * 0.035) * degreesPerHalfTurn);
+    state.floor.angles[2] = static_cast<float>(trig::cos(phaseTime * 0.035) * floorRoll);
     sharedDepthBias += 3.0F;
     drawScene(scene, info, frame, sharedDepthBias);
     moveFilmCamera(phaseTime);

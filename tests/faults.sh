@@ -93,7 +93,7 @@ cd "$work"
 mkdir empty
 (cd empty && try "demo: folder without assets" "$programs/lumenfold")
 cd "$show"
-try "demo: no display" env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER SDL_VIDEODRIVER=x11 "$programs/lumenfold"
+try "demo: no display" env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER "$programs/lumenfold"
 try "demo: no such video driver" env SDL_VIDEODRIVER=none-such "$programs/lumenfold"
 try "demo: no sound device" env SDL_AUDIODRIVER=none-such "$programs/lumenfold"
 

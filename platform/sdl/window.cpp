@@ -3,6 +3,7 @@
 #include "core/dynamic_error.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <string>
 
 namespace lumenfold {
@@ -13,6 +14,14 @@ constexpr std::uint64_t picturesPerSecond = 60; // the show's motion is partly c
 
 [[noreturn]] void failDisplay(const char* what) {
     throw DynamicError(std::string("display: ") + what + ": " + SDL_GetError());
+}
+
+// Where there is no screen, SDL may take a driver that draws into memory alone and so play the show for nobody. Whoever
+// names such a driver gets it.
+bool reachesScreen() {
+    const std::string driver = SDL_GetCurrentVideoDriver();
+    return (driver != "offscreen" && driver != "dummy" && driver != "evdev") ||
+           std::getenv("SDL_VIDEODRIVER") != nullptr;
 }
 
 // The largest whole factor that leaves room for the desktop around the window.
@@ -57,6 +66,10 @@ Window::Window(const char* title, std::int32_t pictureWidth, std::int32_t pictur
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         failDisplay("no screen");
+    if (!reachesScreen()) {
+        SDL_SetError("neither DISPLAY nor WAYLAND_DISPLAY leads to one");
+        failDisplay("no screen");
+    }
     const std::int32_t factor = firstFactor(width, height);
     const SDL_Rect centred{SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, width * factor, height * factor};
     SDL_Rect first = centred;

@@ -65,6 +65,15 @@ TEST_F(Program, NamesEveryMissingPicture) {
     }
 }
 
+TEST_F(Program, PlaysForSomebodyOnly) {
+    if (fs::exists("/dev/dri"))
+        GTEST_SKIP() << "there may be a screen without a display server";
+    int status = -1;
+    const std::string said = run(status, "unset DISPLAY WAYLAND_DISPLAY SDL_VIDEODRIVER;");
+    EXPECT_NE(said.find("lumenfold: display: no screen: "), std::string::npos) << said;
+    EXPECT_EQ(status, 0);
+}
+
 TEST_F(Program, EndsWithTheCauseWhenTheTuneIsMissingOrCut) {
     int status = -1;
     fs::remove(folder / "bzzzz.xm");

@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -37,7 +38,8 @@ class TimelineTable : public Output {
             print(stretch);
         std::fprintf(stream, "end at %.3f s by %s, currentPart %d\n", seconds(latest + 1),
                      stage().keyWaiting() ? "a key press" : "itself", static_cast<int>(syncState.currentPart));
-        std::fflush(stream);
+        if (std::fflush(stream) != 0 || std::ferror(stream) != 0)
+            throw std::runtime_error("the timeline cannot be written");
     }
 
   private:

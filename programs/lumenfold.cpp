@@ -8,12 +8,17 @@
 
 namespace {
 
-// The assets are read from the working directory. Where there is no show, an installed one takes its place.
+bool holdsTune(const std::filesystem::path& folder) {
+    std::error_code error;
+    return std::filesystem::exists(folder / "bzzzz.xm", error) || std::filesystem::exists(folder / "endtune.xm", error);
+}
+
+// The assets are read from the working directory. Where neither tune is, an installed show takes its place; where one
+// is missing, the demo says so.
 void findShow() {
-    const char* const tune = "bzzzz.xm";
     const std::filesystem::path installed = lumenfold::installedShow();
     std::error_code error;
-    if (!std::filesystem::exists(tune, error) && std::filesystem::exists(installed / tune, error))
+    if (!holdsTune(".") && holdsTune(installed))
         std::filesystem::current_path(installed, error);
 }
 

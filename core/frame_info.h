@@ -9,7 +9,7 @@ namespace lumenfold {
 struct FrameInfo {
     std::int32_t width;
     std::int32_t height;
-    std::int32_t extra1;
+    std::int32_t extra1; // travels along unread, as extra2 does
     std::int32_t extra2;
     std::int32_t fullscreen; // 1: full screen, 0: window
 };

@@ -15,6 +15,7 @@ using MIDASmodulePlayHandle = std::uint32_t; // 0: none
 // row: where in the tune it stands.
 using MIDASsyncCallback = void (*)(std::uint32_t value, std::uint32_t order, std::uint32_t row);
 
+// Options, poll rate (times a second) and channels are wishes; a layer may choose by itself.
 bool MIDASstartup();
 bool MIDASsetOption(std::int32_t option, std::uint32_t value);
 bool MIDASinit();

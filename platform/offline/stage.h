@@ -36,7 +36,7 @@ class Stage {
     // Begins at frame 0 with the counter at 0. sink: not owned, null throws everything away.
     void begin(FrameSink* sink, std::int32_t framesPerSecond);
 
-    // The same with the demo time that is next at or after startUnits.
+    // The same with the counter where demo time, which moves in steps of 0.016, has reached startUnits.
     void begin(FrameSink* sink, std::int32_t framesPerSecond, double startUnits);
 
     // From now on a key press is waiting.

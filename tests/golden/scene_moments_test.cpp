@@ -1,6 +1,7 @@
-// Every scene alone, its flags scripted: all phases and what leads from one to the next. 30 frames a second, where the
-// show's own moments have 60.
+// Every scene alone, its flags scripted: all phases and what leads from one to the next, at moments to look at and in
+// all frames together. 30 frames a second, where the show's own moments have 60.
 
+#include "all_frames.h"
 #include "golden_file.h"
 
 #include "programs/film_show.h"
@@ -32,7 +33,7 @@ struct Script {
 
 const Script scripts[] = {
     {"tunnelOpening",
-     {{39, 288}, {36, 660}},
+     {{39, 0}, {39, 288}, {36, 660}}, // at 0 it starts nothing
      {{40, "fade-in"},
       {150, "straight on"},
       {320, "dissolve"},
@@ -53,7 +54,7 @@ const Script scripts[] = {
       {145, "whole turn"},
       {180, "held picture"}}},
     {"tumblingShowcase",
-     {{37, 20}, {59, 80}, {59, 120}, {59, 160}, {59, 200}, {33, 240}, {33, 330}},
+     {{37, 20}, {59, 80}, {59, 120}, {59, 160}, {59, 200}, {59, 210}, {33, 240}, {33, 330}}, // 210: none is left
      {{0, "begins"},
       {21, "thrown"},
       {60, "strip revealed"},
@@ -90,9 +91,13 @@ const Script scripts[] = {
     {"framedFirePole",
      {{37, 30}, {37, 150}},
      {{0, "first frame"}, {31, "nameplate jumps"}, {120, "pane"}, {152, "jumps again"}, {300, "behind"}}},
+    // clang-format off
     {"pulsingTube",
-     {{37, 30}, {37, 60}, {37, 63}},
-     {{0, "first frame"}, {20, "tube"}, {31, "lunge"}, {64, "lunge in a lunge"}, {200, "feedback"}}},
+     {{37, 30}, {37, 60}, {37, 63}, {37, 201}, {37, 202}, {37, 203}, {37, 204}, {37, 205}, {37, 206}, {37, 207},
+      {37, 208}, {37, 209}, {37, 210}, {37, 211}, {37, 212}, {37, 213}}, // more than there are blocks to cut
+     {{0, "first frame"}, {20, "tube"}, {31, "lunge"}, {64, "lunge in a lunge"}, {200, "feedback"},
+      {214, "no more to cut"}}},
+    // clang-format on
     {"metaballFlares", {}, {{0, "first frame"}, {50, "metaballs"}, {150, "apart"}, {260, "together"}}},
     {"endScroller", {}, {{0, "top"}, {100, "rolls"}, {2700, "wraps"}, {5240, "ends"}}},
 };
@@ -107,15 +112,21 @@ class SceneMoments : public film::Output {
         : script(watched), golden(goldenFile), next(script.moments.begin()) {}
 
     void frame(const film::Frame& frame) override {
+        all.add(frame);
         if (next == script.moments.end() || frame.number != frameAt(*next))
             return;
         golden.check(std::string(script.scene) + " " + std::to_string(next->units) + " " + next->name, frame);
         ++next;
     }
 
+    void finish() override {
+        golden.check(std::string(script.scene) + " all " + std::to_string(all.count()) + " frames", all.hash());
+    }
+
   private:
     const Script& script;
     GoldenFile& golden;
+    AllFrames all;
     std::vector<Moment>::const_iterator next;
 };
 
@@ -130,6 +141,7 @@ TEST(Golden, ScenesAlone) {
         film::Film film(options);
         film.add(std::make_unique<SceneMoments>(script, golden));
         film::filmScene(film, options);
+        film.finish();
     }
     golden.finish();
 }

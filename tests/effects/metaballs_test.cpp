@@ -11,28 +11,6 @@ float& sampleAt(MetaballGrid& grid, int x, int y, int z) {
     return grid.samples[static_cast<std::size_t>(x + 20 * z + 400 * y)];
 }
 
-TEST(Metaballs, FieldsAddUpInTheirOrder) {
-    const Metaball balls[] = {{353, 466, 281, 100, 0.004F},
-                              {520, 281, 353, 100, 0.004F},
-                              {231, 540, 400, 120, 0.004F},
-                              {-90, 900, 0, 77, 0.001F}};
-    MetaballGrid shipped, literal;
-    for (const Metaball& ball : balls) {
-        addMetaball(shipped, ball);
-        for (int x = 0; x < 20; ++x)
-            for (int y = 0; y < 20; ++y)
-                for (int z = 0; z < 20; ++z) {
-                    const int d2 = (40 * x - ball.x) * (40 * x - ball.x) + (40 * y - ball.y) * (40 * y - ball.y) +
-                                   (40 * z - ball.z) * (40 * z - ball.z);
-                    float v = static_cast<float>(ball.strength) - static_cast<float>(d2) * ball.falloff;
-                    if (v < 0)
-                        v = 0;
-                    sampleAt(literal, x, y, z) += v;
-                }
-    }
-    EXPECT_EQ(shipped.samples, literal.samples);
-}
-
 // Edge by edge, as the order of the points is told.
 std::vector<Vector3> crossings(MetaballGrid& grid, float L) {
     std::vector<Vector3> points;

@@ -25,10 +25,6 @@ Pixel32 perByte(Pixel32 a, Pixel32 b, Operation operation) {
     return result;
 }
 
-inline Pixel32 saturatedSum(Pixel32 a, Pixel32 b) {
-    return perByte(a, b, [](Pixel32 x, Pixel32 y) { return x + y > 255 ? 255 : x + y; });
-}
-
 // Runs a test's body with the plain and, where there is one, with the vectorised code.
 template <class Body>
 void withBothForms(Body body) {

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 namespace lumenfold {
@@ -56,8 +55,7 @@ std::size_t drawnPixels(const TestFace& face, int width = 64, int height = 48) {
     GuardedPicture picture(width, height);
     clipAndDrawFace(face.face, picture.info(), picture.select(), 0.0F);
     EXPECT_TRUE(picture.guardsIntact());
-    const Pixel32* pixels = picture.target();
-    return static_cast<std::size_t>(std::count_if(pixels, pixels + picture.size(), [](Pixel32 p) { return p != 0; }));
+    return picture.drawn();
 }
 
 TEST(Clip, WhichFacesAreDrawn) {
@@ -136,21 +134,13 @@ TEST(Clip, EqualsTheReference) {
         const float bias = static_cast<float>(round % 100);
         clipAndDrawFace(face.face, picture.info(), picture.select(), bias);
         reference::clipAndDrawFace(face.face, expected.info(), expected.select(), bias);
-        ASSERT_EQ(std::memcmp(picture.target(), expected.target(), picture.size() * sizeof(Pixel32)), 0) << round;
-        ASSERT_EQ(std::memcmp(picture.depth(), expected.depth(), picture.size() * sizeof(float)), 0) << round;
+        ASSERT_TRUE(samePictures(expected, picture)) << round;
     }
 }
 
 TEST(Clip, NumbersOfAnyKindStayInTheFrame) {
     Random random(4);
-    const float kinds[] = {0.0F,  -1.0F,  0.2F,     0.19999F,  90.1F,
-                           1e9F,  -1e9F,  3.4e38F,  -3.4e38F,  1e-40F,
-                           2e10F, -5e12F, INFINITY, -INFINITY, std::numeric_limits<float>::quiet_NaN()};
-    const auto any = [&]() {
-        return below(random, 3) == 0
-                   ? between(random, -5, 5)
-                   : kinds[static_cast<std::size_t>(below(random, static_cast<int>(std::size(kinds))))];
-    };
+    const auto any = [&]() { return below(random, 3) == 0 ? between(random, -5, 5) : absurd(random); };
     TestFace face;
     GuardedPicture picture(64, 48);
     for (int round = 0; round < 20000; ++round) {
@@ -175,10 +165,7 @@ TEST(Line, SmallLines) {
     };
     for (const auto& c : cases) {
         std::vector<Pixel32> drawn(15);
-        std::vector<Pixel32> literal(15);
         drawLine(c.x0, c.y0, c.x1, c.y1, drawn.data(), 5, 3);
-        reference::drawLine(c.x0, c.y0, c.x1, c.y1, literal.data(), 5, 3);
-        EXPECT_EQ(drawn, literal);
         std::string rows;
         for (std::size_t i = 0; i < 15; ++i) {
             rows += drawn[i] == 0xFFFFFFFF ? '#' : '.';
@@ -199,8 +186,7 @@ TEST(Line, EqualsTheReference) {
         GuardedPicture expected(40, 30);
         drawLine(ends[0], ends[1], ends[2], ends[3], picture.target(), 40, 30);
         reference::drawLine(ends[0], ends[1], ends[2], ends[3], expected.target(), 40, 30);
-        ASSERT_EQ(std::memcmp(picture.target(), expected.target(), picture.size() * sizeof(Pixel32)), 0) << round;
-        ASSERT_TRUE(picture.guardsIntact());
+        ASSERT_TRUE(samePictures(expected, picture)) << round;
     }
 }
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <functional>
 #include <string>
 #include <utility>
@@ -30,11 +29,6 @@ struct Mode {
     std::function<void(const Triangle&, GuardedPicture&, float bias)> shipped;
     std::function<void(const Triangle&, const reference::Picture&, float bias)> slow;
 };
-
-void toPerspective(const Triangle& from, PerspectiveCorner (&to)[3]) {
-    for (int i = 0; i < 3; ++i)
-        to[i] = {from[i].x, from[i].y, from[i].z, from[i].u1, from[i].v1};
-}
 
 Mode perspectiveMode(const char* name, bool add, std::int32_t scroll) {
     const auto operation = add ? reference::Operation::Add : reference::Operation::Opaque;
@@ -181,24 +175,6 @@ std::string describe(const Triangle& t, float bias) {
     return text;
 }
 
-testing::AssertionResult samePictures(GuardedPicture& expected, GuardedPicture& actual) {
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        // depths as bits, too
-        if (expected.target()[i] == actual.target()[i] &&
-            // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
-            std::memcmp(expected.depth() + i, actual.depth() + i, sizeof(float)) == 0)
-            continue;
-        const auto width = static_cast<std::size_t>(expected.info().width);
-        return testing::AssertionFailure()
-               << "at column " << i % width << ", row " << i / width << ": " << std::hex << actual.target()[i]
-               << " instead of " << expected.target()[i] << ", depth " << std::hexfloat << actual.depth()[i]
-               << " instead of " << expected.depth()[i];
-    }
-    if (!actual.guardsIntact())
-        return testing::AssertionFailure() << "written beside the picture";
-    return testing::AssertionSuccess();
-}
-
 class FillerEquality : public testing::TestWithParam<bool> {
   protected:
     void SetUp() override {
@@ -225,8 +201,7 @@ void drawMany(const Mode& mode, const Family& family, int width, int height, int
         if (i % 6 >= 3)
             std::swap(t[0], t[1]);
         if (i % 16 == 0) {
-            drawn += expected.size() - static_cast<std::size_t>(std::count(
-                                           expected.target(), expected.target() + expected.size(), Pixel32{0}));
+            drawn += expected.drawn();
             expected.clear();
             actual.clear();
             const float cleared = i % 32 == 0 ? 0.0F : -10.0F;

@@ -6,12 +6,18 @@
 #include "render/depth_buffer.h"
 #include "tests/support/pixels.h"
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
+#include <iterator>
+#include <limits>
 #include <random>
 #include <vector>
 
-// What the filler tests share: pictures between guard bands, random numbers.
+// What the tests of the renderer share: pictures between guard bands, random numbers.
 
 namespace lumenfold::test {
 
@@ -22,6 +28,21 @@ inline float between(Random& random, float low, float high) {
 }
 inline int below(Random& random, int count) {
     return std::uniform_int_distribution<int>(0, count - 1)(random);
+}
+// Numbers that no scene makes.
+inline float absurd(Random& random) {
+    constexpr float inf = std::numeric_limits<float>::infinity();
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    const float values[] = {0.0F,        -0.0F,    1e30F,   -1e30F,   inf,           -inf,      nan,    0.2F,
+                            0.19999F,    -1.0F,    90.1F,   0.4F,     -0.4F,         3e9F,      -3e9F,  2e10F,
+                            -5e12F,      1e38F,    3.4e38F, -3.4e38F, 65536.0F,      -32769.0F, 1e-40F, -1e-40F,
+                            16777216.0F, 32767.5F, 4e6F,    -1e5F,    2147483648.0F, -32768.0F};
+    return values[below(random, static_cast<int>(std::size(values)))];
+}
+
+inline void toPerspective(const AffineCorner (&from)[3], PerspectiveCorner (&to)[3]) {
+    for (int i = 0; i < 3; ++i)
+        to[i] = {from[i].x, from[i].y, from[i].z, from[i].u1, from[i].v1};
 }
 
 // A target and a depth buffer with guard bands before and behind; the fillers' depth buffer while it lives.
@@ -43,7 +64,10 @@ class GuardedPicture {
         }
     }
     Pixel32* target() { return pixels_.data() + guard; }
+    const Pixel32* target() const { return pixels_.data() + guard; }
     float* depth() { return depth_.data() + guard; }
+    const float* depth() const { return depth_.data() + guard; }
+    std::size_t drawn() const { return size() - static_cast<std::size_t>(std::count(target(), target() + size(), 0U)); }
     Pixel32* select() {
         depthBuffer = depth();
         return target();
@@ -73,5 +97,23 @@ class GuardedPicture {
     std::vector<float> depth_;
     float* previous_;
 };
+
+// In every pixel and every bit of depth, and nothing is written beside them.
+inline testing::AssertionResult samePictures(const GuardedPicture& expected, const GuardedPicture& actual) {
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        if (expected.target()[i] == actual.target()[i] &&
+            // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison)
+            std::memcmp(expected.depth() + i, actual.depth() + i, sizeof(float)) == 0)
+            continue;
+        const auto width = static_cast<std::size_t>(expected.info().width);
+        return testing::AssertionFailure()
+               << "at column " << i % width << ", row " << i / width << ": " << std::hex << actual.target()[i]
+               << " instead of " << expected.target()[i] << ", depth " << std::hexfloat << actual.depth()[i]
+               << " instead of " << expected.depth()[i];
+    }
+    if (!actual.guardsIntact())
+        return testing::AssertionFailure() << "written beside the picture";
+    return testing::AssertionSuccess();
+}
 
 } // namespace lumenfold::test

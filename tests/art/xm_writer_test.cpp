@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
 #include <stdexcept>
 
 #include "art/score.h"
 #include "art/tune_listen.h"
+#include "tests/support/temporary_file.h"
 
 namespace lumenfold::art {
 namespace {
@@ -154,12 +153,8 @@ TEST(Choreography, ThePlayerHearsTheCommandsWhereTheTablePutsThem) {
                                            {"b", 70, 140, {{66, sync::hit}}}};
     Score score(sections, 4);
     score.cell(0, 2) = {49, 1, 0, 0, 0};
-    const Bytes bytes = writeXm(score.toSong("heard", "a", {tick()}));
-    const std::string path = testing::TempDir() + "heard.xm";
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    const HeardTune tune = listen(path);
-    std::remove(path.c_str());
+    const test::TemporaryFile file("heard.xm", writeXm(score.toSong("heard", "a", {tick()})));
+    const HeardTune tune = listen(file.name());
     ASSERT_EQ(tune.syncs.size(), 3U);
     const int rows[3] = {0, 4, 71};
     const int values[3] = {sync::advance, sync::dissolve, sync::hit};

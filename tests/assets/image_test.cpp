@@ -2,8 +2,8 @@
 
 #include "assets/image.h"
 #include "core/dynamic_error.h"
-#include "files.h"
 #include "jpeg_writer.h"
+#include "tests/support/temporary_file.h"
 
 #include <gtest/gtest.h>
 
@@ -18,11 +18,7 @@ using Bytes = std::vector<std::uint8_t>;
 constexpr Pixel32 untouched = 0x7E57BEEF;
 
 Bytes jpegTexture() {
-    JpegRecipe recipe;
-    recipe.width = 256;
-    recipe.height = 256;
-    recipe.density = 1;
-    return makeJpeg(recipe);
+    return makeJpeg({.width = 256, .height = 256, .density = 1});
 }
 
 // A 24-bit PCX of one grey level.

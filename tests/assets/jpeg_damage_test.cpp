@@ -21,12 +21,7 @@ constexpr int width = 37;
 constexpr int height = 21;
 
 Bytes picture(int restartInterval) {
-    JpegRecipe recipe;
-    recipe.width = width;
-    recipe.height = height;
-    recipe.components = {{2, 2}, {1, 1}, {1, 1}};
-    recipe.restartInterval = restartInterval;
-    return makeJpeg(recipe);
+    return makeJpeg({width, height, {{2, 2}, {1, 1}, {1, 1}}, 1, 20, restartInterval});
 }
 
 struct Outcome {

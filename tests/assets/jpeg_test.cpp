@@ -3,9 +3,9 @@
 #include "assets/jpeg.h"
 #include "assets/jpeg_kernels.h"
 #include "core/dynamic_error.h"
-#include "core/kernels.h"
 #include "jpeg_literal.h"
 #include "jpeg_writer.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -27,10 +27,17 @@ std::vector<Pixel32> decode(const Bytes& file, int width, int height) {
 void expectLiteral(const Bytes& file, const char* what) {
     LiteralPicture expected = decodeLiterally(file);
     repairLiterally(expected);
-    for (const bool vectorised : {false, true}) {
-        setVectorCode(vectorised);
-        EXPECT_EQ(decode(file, expected.width, expected.height), expected.pixels) << what << ' ' << vectorised;
-    }
+    withBothForms([&] {
+        EXPECT_EQ(decode(file, expected.width, expected.height), expected.pixels) << what << ' ' << vectorCode();
+    });
+}
+
+// Changes every segment of a kind, given the place of its marker.
+template <class Change>
+void atMarkers(Bytes& file, int marker, Change change) {
+    for (std::size_t i = 0; i + 1 < entropyStart(file); ++i)
+        if (file[i] == 0xFF && file[i + 1] == marker)
+            change(i);
 }
 
 } // namespace
@@ -55,23 +62,14 @@ TEST(Jpeg, DecodesAsTheFormulas) {
     for (const auto& sampling : samplings)
         for (const auto& [width, height] : {std::pair(64, 48), std::pair(61, 35), std::pair(7, 5), std::pair(2, 2)})
             for (const int density : {0, 4, 30}) {
-                JpegRecipe recipe;
-                recipe.width = width;
-                recipe.height = height;
-                recipe.components = sampling;
-                recipe.seed = seed++;
-                recipe.density = density;
-                expectLiteral(makeJpeg(recipe), ::testing::PrintToString(seed).c_str());
+                const Bytes file = makeJpeg({width, height, sampling, seed, density});
+                expectLiteral(file, ::testing::PrintToString(seed++).c_str());
             }
 }
 
 // The rest of the coded unit in which the data ends is read as zero bits; what follows stays black.
 TEST(Jpeg, EndAndStopMarkersWithinTheScan) {
-    JpegRecipe recipe;
-    recipe.width = 48;
-    recipe.height = 40;
-    recipe.components = {{2, 2}, {1, 1}, {1, 1}};
-    const Bytes whole = makeJpeg(recipe);
+    const Bytes whole = makeJpeg({48, 40, {{2, 2}, {1, 1}, {1, 1}}});
     for (std::size_t length = entropyStart(whole); length < whole.size() - 2; length += 7) {
         Bytes file(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
         if (file.back() == 0xFF)
@@ -88,28 +86,18 @@ TEST(Jpeg, EndAndStopMarkersWithinTheScan) {
 }
 
 TEST(Jpeg, ReadsVariantsOfTheSamePicture) {
-    JpegRecipe recipe;
-    recipe.width = 40;
-    recipe.height = 24;
-    recipe.components = {{2, 1}, {1, 1}, {1, 1}};
+    const JpegRecipe recipe{40, 24, {{2, 1}, {1, 1}, {1, 1}}};
     const std::vector<Pixel32> expected = decode(makeJpeg(recipe), 40, 24);
-    JpegRecipe joined = recipe;
-    joined.oneSegment = true;
-    JpegRecipe wide = recipe;
-    wide.wideQuantisation = true;
-    JpegRecipe extra = recipe;
-    extra.extraSegments = true;
-    for (const JpegRecipe& variant : {joined, wide, extra})
-        EXPECT_EQ(decode(makeJpeg(variant), 40, 24), expected);
+    for (const auto variant : {&JpegRecipe::oneSegment, &JpegRecipe::wideQuantisation, &JpegRecipe::extraSegments}) {
+        JpegRecipe varied = recipe;
+        varied.*variant = true;
+        EXPECT_EQ(decode(makeJpeg(varied), 40, 24), expected);
+    }
     Bytes misnamed = makeJpeg(recipe); // 8-bit steps whose segment calls them 16-bit
-    for (std::size_t i = 0; i + 4 < entropyStart(misnamed); ++i)
-        if (misnamed[i] == 0xFF && misnamed[i + 1] == 0xDB)
-            misnamed[i + 4] |= 0x10;
+    atMarkers(misnamed, 0xDB, [&](std::size_t i) { misnamed[i + 4] |= 0x10; });
     EXPECT_EQ(decode(misnamed, 40, 24), expected);
     Bytes extended = makeJpeg(recipe); // the extended process with 8-bit samples codes alike
-    for (std::size_t i = 0; i + 1 < entropyStart(extended); ++i)
-        if (extended[i] == 0xFF && extended[i + 1] == 0xC0)
-            extended[i + 1] = 0xC1;
+    atMarkers(extended, 0xC0, [&](std::size_t i) { extended[i + 1] = 0xC1; });
     EXPECT_EQ(decode(extended, 40, 24), expected);
 }
 
@@ -117,12 +105,7 @@ TEST(Jpeg, ReadsVariantsOfTheSamePicture) {
 // restart markers are passed over and the predictors run on.
 TEST(Jpeg, RestartIntervals) {
     for (const int interval : {1, 3, 6}) {
-        JpegRecipe recipe;
-        recipe.width = 48;
-        recipe.height = 16;
-        recipe.restartInterval = interval;
-        recipe.density = 0;
-        const Bytes file = makeJpeg(recipe);
+        const Bytes file = makeJpeg({.width = 48, .density = 0, .restartInterval = interval});
         const std::vector<Pixel32> pixels = decode(file, 48, 16);
         Bytes single; // one interval's data under the header of an 8 x 8 picture
         std::size_t start = entropyStart(file);
@@ -131,11 +114,7 @@ TEST(Jpeg, RestartIntervals) {
             while (!(file[finish] == 0xFF && file[finish + 1] != 0))
                 ++finish;
             single.assign(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(entropyStart(file)));
-            for (std::size_t i = 0; i + 8 < single.size(); ++i)
-                if (single[i] == 0xFF && single[i + 1] == 0xC0) {
-                    single[i + 6] = 8; // height
-                    single[i + 8] = 8; // width
-                }
+            atMarkers(single, 0xC0, [&](std::size_t i) { single[i + 6] = single[i + 8] = 8; }); // height and width
             single.insert(single.end(), file.begin() + static_cast<std::ptrdiff_t>(start),
                           file.begin() + static_cast<std::ptrdiff_t>(finish));
             const std::size_t corner = static_cast<std::size_t>(unit / 6 * 8 * 48 + unit % 6 * 8);
@@ -143,9 +122,7 @@ TEST(Jpeg, RestartIntervals) {
             start = finish + 2;
         }
     }
-    JpegRecipe plain;
-    plain.width = 48;
-    Bytes file = makeJpeg(plain);
+    Bytes file = makeJpeg({.width = 48});
     const std::vector<Pixel32> expected = decode(file, 48, 16);
     // Between two bytes of the data, neither of which belongs to a stuffed pair.
     std::size_t middle = (entropyStart(file) + file.size()) / 2;
@@ -157,12 +134,7 @@ TEST(Jpeg, RestartIntervals) {
 
 // A damaged interval leaves the next ones alone.
 TEST(Jpeg, RestartsAfterDamage) {
-    JpegRecipe recipe;
-    recipe.width = 64;
-    recipe.height = 32;
-    recipe.restartInterval = 8;
-    recipe.density = 30;
-    Bytes file = makeJpeg(recipe);
+    Bytes file = makeJpeg({.width = 64, .height = 32, .density = 30, .restartInterval = 8});
     const std::vector<Pixel32> expected = decode(file, 64, 32);
     file.erase(file.begin() + static_cast<std::ptrdiff_t>(entropyStart(file)) + 4); // the first row of blocks
     const std::vector<Pixel32> pixels = decode(file, 64, 32);
@@ -174,8 +146,7 @@ TEST(Jpeg, RestartsAfterDamage) {
 // same, and so does green for every third one.
 TEST(Jpeg, ColourConversionIsExact) {
     const auto byte = [](double value) { return static_cast<Pixel32>(std::clamp(static_cast<int>(value), 0, 255)); };
-    for (const bool vectorised : {false, true}) {
-        setVectorCode(vectorised);
+    withBothForms([&] {
         std::vector<std::uint8_t> y(256);
         for (int i = 0; i < 256; ++i)
             y[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(i);
@@ -194,7 +165,7 @@ TEST(Jpeg, ColourConversionIsExact) {
                          byte(i - 0.34414 * (cb - 128) - 0.71414 * (cr - 128)) << 8 | byte(i + 1.772 * (cb - 128)));
             }
         EXPECT_EQ(wrong, 0);
-    }
+    });
 }
 
 namespace {
@@ -226,27 +197,20 @@ const Refusal refusals[] = {
     {"frame header cut short", [](Bytes& f, std::size_t frame, std::size_t) { f[frame + 3] = 9; }},
     {"not a code",
      [](Bytes& f, std::size_t, std::size_t) {
-         std::size_t i = 0;
-         while (f[i] != 0xFF || f[i + 1] != 0xC4)
-             ++i;
-         std::swap(f[i + 5], f[i + 7]); // three codes of one bit instead of three bits
+         // three codes of one bit instead of three bits
+         atMarkers(f, 0xC4, [&](std::size_t i) { std::swap(f[i + 5], f[i + 7]); });
      }},
 };
 
 } // namespace
 
 TEST(Jpeg, RefusesWithFileNameAndReason) {
-    JpegRecipe recipe;
-    recipe.components = {{1, 1}, {1, 1}, {1, 1}};
     for (const Refusal& refusal : refusals) {
-        Bytes file = makeJpeg(recipe);
-        const auto find = [&](int marker) {
-            std::size_t i = 0;
-            while (file[i] != 0xFF || file[i + 1] != marker)
-                ++i;
-            return i;
-        };
-        refusal.damage(file, find(0xC0), find(0xDA));
+        Bytes file = makeJpeg({.components = {{1, 1}, {1, 1}, {1, 1}}});
+        std::size_t frame = 0, scan = 0;
+        atMarkers(file, 0xC0, [&](std::size_t i) { frame = i; });
+        atMarkers(file, 0xDA, [&](std::size_t i) { scan = i; });
+        refusal.damage(file, frame, scan);
         std::vector<Pixel32> pixels(256, untouched);
         try {
             decodeJpegFile(file.data(), file.size(), "picture.jpg", pixels.data(), {16, 16, 0, 0, 0});
@@ -271,10 +235,7 @@ TEST(Jpeg, WithoutAFrameTheBlockStays) {
 
 TEST(Jpeg, NarrowPicturesKeepTheirEdges) {
     for (const auto& [width, height] : {std::pair(1, 1), std::pair(1, 9), std::pair(9, 1)}) {
-        JpegRecipe recipe;
-        recipe.width = width;
-        recipe.height = height;
-        const Bytes file = makeJpeg(recipe);
+        const Bytes file = makeJpeg({width, height});
         std::vector<Pixel32> expected = decodeLiterally(file).pixels;
         if (width > 1)
             expected[static_cast<std::size_t>(width) - 1] = expected[static_cast<std::size_t>(width) - 2];

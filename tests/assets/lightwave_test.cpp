@@ -5,6 +5,7 @@
 #include "core/dynamic_error.h"
 #include "core/random.h"
 #include "object_builder.h"
+#include "tests/support/temporary_file.h"
 
 #include <gtest/gtest.h>
 
@@ -312,8 +313,8 @@ class LightWaveTextures : public testing::Test {
 };
 
 TEST_F(LightWaveTextures, FetchesTheNamedPicture) {
-    const std::string picture = testing::TempDir() + "lightwave_test.tga";
-    std::ofstream(picture, std::ios::binary) << std::string(18 + 3 * texturePixels, '\x40');
+    const test::TemporaryFile file("layer.tga", std::string(18 + 3 * texturePixels, '\x40'));
+    const std::string picture = file.name();
     Mesh mesh;
     const std::string commentary = readObject(objectWith(picture), mesh);
     EXPECT_NE(commentary.find("filename is : " + picture + "\nsending " + picture + "\n"), std::string::npos);
@@ -321,7 +322,6 @@ TEST_F(LightWaveTextures, FetchesTheNamedPicture) {
     EXPECT_EQ(colourLayer.imageName, picture);
     ASSERT_NE(colourLayer.texels, nullptr);
     EXPECT_EQ(colourLayer.texels[0], 0x404040U);
-    std::remove(picture.c_str());
 }
 
 TEST_F(LightWaveTextures, MissingPicturesAreErrors) {

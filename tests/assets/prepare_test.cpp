@@ -2,12 +2,11 @@
 
 #include "core/random.h"
 #include "object_builder.h"
+#include "tests/support/temporary_file.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
-#include <fstream>
 
 namespace lumenfold {
 namespace {
@@ -111,15 +110,13 @@ TEST(ComputeNormals, SumsInTheOrderOfTheFaces) {
 
 TEST(LoadObject, ScalesAndMapsTheSphere) {
     using namespace object_builder;
-    const std::string fileName = testing::TempDir() + "prepare_test.lwo";
-    std::ofstream(fileName, std::ios::binary)
-        << object(chunk("PNTS", vector(0, 0, 0) + vector(1, 0, 0) + vector(0, 1, 0) + vector(0, 0, 1)) +
-                  chunk("SRFS", name("S")) + chunk("POLS", polygon({0, 1, 2}, 1) + polygon({0, 2, 3}, 7)));
+    const test::TemporaryFile file(
+        "corner.lwo", object(chunk("PNTS", vector(0, 0, 0) + vector(1, 0, 0) + vector(0, 1, 0) + vector(0, 0, 1)) +
+                             chunk("SRFS", name("S")) + chunk("POLS", polygon({0, 1, 2}, 1) + polygon({0, 2, 3}, 7))));
     Mesh mesh;
     testing::internal::CaptureStdout();
-    loadObject(mesh, fileName.c_str(), nullptr, nullptr, 0x401, 3.0F);
+    loadObject(mesh, file.name(), nullptr, nullptr, 0x401, 3.0F);
     testing::internal::GetCapturedStdout();
-    std::remove(fileName.c_str());
 
     EXPECT_EQ(mesh.vertices[1].x, 3.0F);
     EXPECT_EQ(mesh.transformed[1].x, 1.0F); // until the first draw

@@ -2,22 +2,21 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <cstdio>
+#include <fstream>
 #include <string>
-#include <vector>
 
 namespace lumenfold::test {
 
 // A file in the tests' own folder for the length of a test.
 class TemporaryFile {
   public:
-    TemporaryFile(const std::string& name, const std::vector<std::uint8_t>& bytes)
-        : path(::testing::TempDir() + "lumenfold_" + name) {
-        std::FILE* file = std::fopen(path.c_str(), "wb");
-        EXPECT_NE(file, nullptr);
-        EXPECT_EQ(std::fwrite(bytes.data(), 1, bytes.size(), file), bytes.size());
-        std::fclose(file);
+    // bytes: a string or a vector of bytes.
+    template <class Bytes>
+    TemporaryFile(const std::string& name, const Bytes& bytes) : path(::testing::TempDir() + "lumenfold_" + name) {
+        std::ofstream file(path, std::ios::binary);
+        file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        EXPECT_TRUE(file.good());
     }
     ~TemporaryFile() { std::remove(path.c_str()); }
     TemporaryFile(const TemporaryFile&) = delete;

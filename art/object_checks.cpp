@@ -30,7 +30,7 @@ struct ObjectRule {
 
 constexpr double wide = 1e9;
 constexpr ObjectRule objectRules[] = {
-    {"mytun_ny1a.lwo", 4000, 9000, false, {-4, -4, -25}, {32, 4, 20}},
+    {"mytun_ny1a.lwo", 2000, 9000, false, {-4, -4, -25}, {32, 4, 20}},
     {"prison2.lwo", 2000, 9000, false, {-16, -8, -16}, {16, 40, 50}},
     {"cube6.lwo", 1000, 6000, true, {-0.4, -0.4, -0.4}, {0.4, 0.4, 0.4}},
     {"hum.lwo", 3000, 5000, true, {-13, -14, -13}, {13, 13, 13}},
@@ -40,7 +40,7 @@ constexpr ObjectRule objectRules[] = {
     {"svets1.lwo", 500, 4000, false, {-2.5, 0.045, -0.01}, {0.3, 3.795, 0.2}},
     {"svets2.lwo", 500, 4000, false, {-0.3, 0.045, -0.01}, {2.5, 3.795, 0.2}},
     {"filmrulle1.lwo", 1000, 6000, false, {-wide, -0.4, -0.001}, {wide, 0.4, wide}},
-    {"mytube3b.lwo", 4000, 9000, true, {-30, -20, -85}, {50, 30, 35}},
+    {"mytube3b.lwo", 2000, 9000, false, {-30, -20, -85}, {50, 30, 35}},
     {"water.lwo", 200, 4000, false, {-wide, -0.2, -wide}, {wide, 0.2, wide}},
     {"stealth.lwo", 100, 3000, false, {-7, -4, -4}, {7, 4, 4}},
     {"credt.lwo", 200, 4000, true, {-0.75, -0.6, -0.75}, {0.75, 0.75, 0.75}},
@@ -126,8 +126,7 @@ std::string shapeFault(const Mesh& mesh, const ObjectRule& rule) {
         return "reaches out of its bounds";
     if (const int open = openEdges(mesh); rule.closed && open > 0)
         return std::to_string(open) + " open edges";
-    const bool inside = std::string(rule.fileName) == "mytube3b.lwo"; // seen from inside
-    if (rule.closed && (volume(mesh) > 0) == inside)
+    if (rule.closed && volume(mesh) < 0)
         return "inside out";
     return "";
 }

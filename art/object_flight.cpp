@@ -13,10 +13,10 @@ Model makeWater() {
     Model model;
     addSurface(model, "water", tiledMap("ripple.jpg", Axis::Y, {10, 0, 0}, {11, 1, 11}));
     std::vector<std::vector<Point>> rows;
-    for (int i = 0; i <= 44; ++i) {
+    for (int i = 0; i <= 22; ++i) {
         rows.emplace_back();
-        for (int k = 0; k <= 12; ++k)
-            rows.back().push_back({-8 + k * 3.0, 0, -80 + i * 2.5});
+        for (int k = 0; k <= 5; ++k)
+            rows.back().push_back({-5 + k * 6.0, 0, -80 + i * 5.0});
     }
     addSheet(model, rows, 0);
     if (model.normal(model.triangles[0]).y < 0)

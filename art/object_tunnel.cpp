@@ -2,7 +2,9 @@
 // with a rib each. The camera flies 0.2 below its middle line.
 
 #include "art/dressing.h"
+#include "art/object_views.h"
 #include "art/objects.h"
+#include "art/seen_faces.h"
 #include "art/shapes.h"
 
 #include <algorithm>
@@ -30,11 +32,9 @@ struct Corner {
 
 // Counter-clockwise, seen along the flight.
 constexpr Corner section[] = {
-    {0, -1.35, Side::floor},     {0.55, -1.35, Side::floor},  {1.15, -1.35, Side::wall}, {1.85, -0.75, Side::wall},
-    {1.85, 0, Side::wall},       {1.85, 0.60, Side::wall},    {1.66, 0.79, Side::lamp},  {1.34, 1.11, Side::wall},
-    {1.05, 1.40, Side::floor},   {0, 1.40, Side::floor},      {-1.05, 1.40, Side::wall}, {-1.34, 1.11, Side::lamp},
-    {-1.66, 0.79, Side::wall},   {-1.85, 0.60, Side::wall},   {-1.85, 0, Side::wall},    {-1.85, -0.75, Side::wall},
-    {-1.15, -1.35, Side::floor}, {-0.55, -1.35, Side::floor},
+    {1.15, -1.35, Side::wall}, {1.85, -0.75, Side::wall}, {1.85, 0.60, Side::wall},   {1.66, 0.79, Side::lamp},
+    {1.34, 1.11, Side::wall},  {1.05, 1.40, Side::floor}, {-1.05, 1.40, Side::wall},  {-1.34, 1.11, Side::lamp},
+    {-1.66, 0.79, Side::wall}, {-1.85, 0.60, Side::wall}, {-1.85, -0.75, Side::wall}, {-1.15, -1.35, Side::floor},
 };
 constexpr std::size_t sides = sizeof section / sizeof section[0];
 
@@ -111,13 +111,8 @@ std::vector<Station> baysFrom(double begin, int count) {
         stations.insert(stations.end(), {{t, 0, false},
                                          {t + 0.66 * bay, 0, true},
                                          {t + 0.69 * bay, 0.26, false},
-                                         {t + 0.80 * bay, 0.26, false},
-                                         {t + 0.825 * bay, 0.26, false},
                                          {t + 0.935 * bay, 0.26, true},
                                          {t + 0.965 * bay, 0, false}});
-        // the groove with the rib's light
-        stations[stations.size() - 4].inset = 0.23;
-        stations[stations.size() - 3].inset = 0.23;
     }
     stations.push_back({begin + count * bay, 0, false});
     return stations;
@@ -128,8 +123,8 @@ void addPipe(Model& model, double right, double up, double radius, std::uint32_t
     std::vector<std::vector<Point>> rings;
     const auto ring = [&](double travel) {
         rings.emplace_back();
-        for (int k = 0; k < 6; ++k) {
-            const Point round = ringAround({}, radius, 6)[static_cast<std::size_t>(k)];
+        for (int k = 0; k < 5; ++k) {
+            const Point round = ringAround({}, radius, 5)[static_cast<std::size_t>(k)];
             const double r = right + round.x;
             const double u = up + round.z;
             rings.back().push_back(travel == 0 ? corner + Point{r, u, -r} : placeAt(travel, r, u));
@@ -171,6 +166,21 @@ void addConsole(Model& model, double travel, double side, std::uint32_t front, s
     for (std::size_t i = 0; i < 4; ++i)
         add(back[i], back[(i + 1) % 4], face[(i + 1) % 4], face[i], edge);
     add(face[0], face[1], face[2], face[3], front);
+}
+
+// The corridor's section with corners on its middle lines, where medallions fold.
+std::vector<Point> foldedRing(double travel) {
+    std::vector<Point> ring;
+    for (std::size_t k = 0; k < sides; ++k) {
+        const Corner& a = section[k];
+        const Corner& b = section[(k + 1) % sides];
+        ring.push_back(placeAt(travel, a.right, a.up));
+        if (a.right * b.right < 0)
+            ring.push_back(placeAt(travel, 0, a.up));
+        if (a.up * b.up < 0)
+            ring.push_back(placeAt(travel, a.right, 0));
+    }
+    return ring;
 }
 
 // A round light on a wall, its front towards a place.
@@ -216,15 +226,17 @@ Model makeTunnel() {
             addConsole(model, turn + i * bay, side, (i + (side > 0 ? 1 : 0)) % 2 == 0 ? after.wall : edge, edge);
     // a light at each end, and one on the corner's wall for those who come along z
     const double last = turn + baysAfter * bay;
-    addEnd(model, addMedallion(model, Axis::X, placeAt(last, 0, 0), 1.9), ringAt(last, 0), corner);
+    addEnd(model, addMedallion(model, Axis::X, placeAt(last, 0, 0), 1.9), foldedRing(last), corner);
     std::vector<Point> lens;
     for (const Point& p : ringAround({}, 0.72, 32))
         lens.push_back(corner + Point{p.x, p.z, 1.80});
     addEnd(model, addMedallion(model, Axis::Z, corner + Point{0, 0, 1.80}, 0.72), lens, corner);
     const double begin = -turn - baysBefore * bay;
-    addEnd(model, addMedallion(model, Axis::Z, placeAt(begin, 0, 0), 1.9), ringAt(begin, 0), corner);
+    addEnd(model, addMedallion(model, Axis::Z, placeAt(begin, 0, 0), 1.9), foldedRing(begin), corner);
     dress(model, edge, "plate", "hullpan.jpg", 1.7);
     model.weld(1e-4);
+    keepSeen(model, tunnelViews(2), 0.469);
+    orderBy(model, [](Point p) { return p.z < corner.z - turn ? p.z : corner.z + p.x; }); // as one flies past
     return model;
 }
 

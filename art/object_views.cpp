@@ -61,30 +61,30 @@ Hit cast(const std::vector<Face>& faces, Point from, Point along) {
 
 } // namespace
 
-std::vector<View> tunnelViews() {
+std::vector<View> tunnelViews(int step) {
     std::vector<View> views;
-    for (int lt = 0; lt <= 290; lt += 10)
+    for (int lt = 0; lt <= 290; lt += step)
         views.push_back({{-0.7, -0.5, lt * 0.08 - 14}, 0, 0});
-    for (int s = 0; s <= 360; s += s < 40 ? 4 : 16) {
+    for (int s = 0; s <= 360; s += s < 40 ? std::min(step, 4) : step) {
         const double turn = std::max(-0.065 * s * s, -90.0);
         views.push_back({{s * trig::cos((turn + 90) * degree) * 0.05 - 0.7, -0.5, 16}, turn, 0});
     }
     return views;
 }
 
-std::vector<View> hallViews() {
+std::vector<View> hallViews(int step) {
     std::vector<View> views;
-    for (int lt = 0; lt <= 389; lt += 10) {
+    for (int lt = 0; lt <= 389; lt += step) {
         const double rise = (lt * 0.008) * (lt * 0.01) * (lt * 0.009) - 1 - std::max(lt - 300, 0) * 0.4;
         views.push_back({{0, rise, std::min(lt * 0.1 - 4, 32.0)}, 0, std::max(-lt * 0.25, -90.0)});
     }
     return views;
 }
 
-std::vector<View> flightViews() {
+std::vector<View> flightViews(int step) {
     std::vector<View> views;
     double x = 6.5;
-    for (int lt = 0; lt <= 460; lt += 10) {
+    for (int lt = 0; lt <= 460; lt += step) {
         const double s = trig::sin(lt * 0.01);
         if (x < 13.7)
             x = s * s * 7.5 + 6.5;

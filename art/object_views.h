@@ -17,9 +17,10 @@ struct View {
     double tilt = 0;
 };
 
-std::vector<View> tunnelViews(); // the opening's flight and its turn round the corner
-std::vector<View> hallViews();   // along the nave, up, down on the medallion
-std::vector<View> flightViews(); // over the water, all the way round
+// One view every `step` units of the scene's time.
+std::vector<View> tunnelViews(int step = 10); // the opening's flight and its turn round the corner
+std::vector<View> hallViews(int step = 10);   // along the nave, up, down on the medallion
+std::vector<View> flightViews(int step = 10); // over the water, all the way round
 
 struct Sight {
     int open = 0;       // rays that meet nothing

@@ -55,6 +55,8 @@ constexpr PictureRule pictureRules[] = {
     {"lamps.jpg", 256, 256, wrapsInX},
     {"medal1.jpg", 256, 256, 0},
     {"cave1.jpg", 256, 256, seamless},
+    {"cave2.jpg", 256, 256, seamless},
+    {"cave3.jpg", 256, 256, seamless},
     {"dawn1.jpg", 256, 256, 0},
     {"glow1.jpg", 256, 256, blackRim | blackGround},
     {"bfs1.pcx", 32, 32, blackRim | blackGround},

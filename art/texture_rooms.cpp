@@ -149,29 +149,6 @@ void makeMedallion(const std::string& path) {
     writeBitmap(path, developed(picture, {1.15F, true, 0.6F}));
 }
 
-// "cave1.jpg": dark rock in smooth folds, wet with light from above, embers from the side.
-void makeCaveRock(const std::string& path) {
-    const Relief heights = Relief(fine, [](float u, float v) {
-                               const float bend = 0.12F * fractalNoise({3 * u, 3 * v, 4}, 2, 631, {3, 3});
-                               const float fold = ridgedNoise({4 * u, 3 * (v + bend), 1}, 3, 632, {4, 3});
-                               return fold + 0.5F * fractalNoise({5 * u, 5 * v, 7}, 3, 633, {5, 5});
-                           }).lowPass(4.5F);
-    const Vec3 key = normalize({-0.40F, -0.72F, 0.45F});
-    const Vec3 rim = normalize({0.85F, 0.25F, 0.30F});
-    Picture picture = shadedRelief(256, heights, [&](int x, int y) {
-        const Vec3 normal = heights.normal(x, y, 0.060F);
-        const float deepness = smoothStep(0.15F, 0.85F, heights.at(x, y));
-        const float lit = saturate(dot(normal, key));
-        Colour light = mix(palette::ink, palette::petrol * 0.8F, deepness * (0.25F + 0.75F * lit));
-        light += palette::teal * (0.22F * power(lit, 5) * deepness);
-        light += palette::ice * (0.16F * power(saturate(dot(normal, normalize(key + Vec3{0, 0, 1}))), 60) * deepness);
-        light += mix(palette::ember, palette::amber, 0.35F) * (0.26F * power(saturate(dot(normal, rim)), 6));
-        return light;
-    });
-    picture = withBloom(picture, {2.5F, 0.12F, 10, 0.10F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.25F, true, 0.6F}));
-}
-
 // "dawn1.jpg": daybreak beyond the ends of the flight, horizon at 0.58 of the height: a low sun on a crease of light.
 void makeDawn(const std::string& path) {
     Picture picture = texture(256, 3, [](float u, float v) -> Colour {
@@ -190,7 +167,8 @@ void makeDawn(const std::string& path) {
             const float trail = bell(u - 0.44F, 0.05F - 0.12F * above);
             const float glitter = saturate(0.5F + 1.6F * fractalNoise({7 * u, 40 * v, 5}, 3, 622));
             light += palette::petrol * (0.30F * bell(above, 0.12F));
-            light += (palette::amber * 1.3F + palette::gold * 0.4F) * (trail * glitter * bell(above, 0.22F));
+            light += (palette::amber * 1.3F + palette::gold * 0.4F) *
+                     (trail * glitter * bell(above, 0.14F) * smoothStep(-0.27F, -0.16F, above));
         }
         light += (palette::ice * 1.8F + palette::teal * 0.6F) * (bell(above, 0.005F) * bell(u - 0.5F, 0.28F));
         return light;

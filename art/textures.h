@@ -35,7 +35,9 @@ void makeTunnelBay(const std::string& path);
 void makeTunnelBayTurned(const std::string& path);
 void makeLampBands(const std::string& path);
 void makeMedallion(const std::string& path);
-void makeCaveRock(const std::string& path);
+void makeCaveNear(const std::string& path);
+void makeCaveMiddle(const std::string& path);
+void makeCaveFar(const std::string& path);
 void makeDawn(const std::string& path);
 void makeEngineGlow(const std::string& path);
 

@@ -18,10 +18,10 @@ constexpr const char* usage =
     "usage: lumenfold-forge [--out DIR] [--quick] [NAME...]   make the named files, or all of them\n"
     "       lumenfold-forge --list                  list what can be made\n"
     "       lumenfold-forge [--out DIR] --check     verify what lies in DIR\n"
-    "--quick looks at pictures with few samples; DIR is show/ in the source tree unless given.\n";
+    "--quick looks at pictures with few samples; DIR is show/ in the source tree, or here, unless given.\n";
 
 struct Options {
-    std::string directory = LUMENFOLD_SHOW;
+    std::string directory = std::filesystem::exists(LUMENFOLD_SHOW) ? LUMENFOLD_SHOW : "show";
     bool list = false;
     bool check = false;
     std::vector<std::string> names;

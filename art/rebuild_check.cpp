@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <string>
+#include <unistd.h>
 
 namespace lumenfold::art {
 
@@ -19,7 +21,8 @@ std::string contentOf(const std::filesystem::path& path) {
 
 std::vector<Finding> checkRebuild(const std::string& folder) {
     namespace fs = std::filesystem;
-    const fs::path scratch = fs::temp_directory_path() / "lumenfold-forge-check";
+    const fs::path scratch = fs::temp_directory_path() /
+                             ("lumenfold-forge-check-" + std::to_string(getpid())); // another check may be at work
     fs::create_directories(scratch);
     std::vector<Finding> findings;
     for (const Recipe& recipe : allRecipes()) {

@@ -1,6 +1,7 @@
 // lumenfold-bench: one table of what the demo's parts cost.
 
 #include "bench/sections.h"
+#include "programs/show_folder.h"
 
 #include <cstdio>
 #include <cstring>
@@ -27,7 +28,7 @@ constexpr Section sections[] = {
 struct Options {
     bool peers = false;
     Report::Format format = Report::Format::Table;
-    std::string show = LUMENFOLD_SHOW;
+    std::filesystem::path show = std::filesystem::exists(LUMENFOLD_SHOW) ? LUMENFOLD_SHOW : installedShow();
     std::vector<std::string> wanted; // empty: all
 };
 

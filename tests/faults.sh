@@ -119,6 +119,7 @@ serve() {
     HOME=$work XDG_RUNTIME_DIR=$work pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
         -L module-null-sink -L "module-native-protocol-unix socket=$work/socket auth-anonymous=1" 2>/dev/null &
     server=$!
+    disown $server # the shell says nothing when it dies
     sleep 1
 }
 if command -v pulseaudio >/dev/null; then
@@ -139,7 +140,7 @@ if command -v pulseaudio >/dev/null; then
     export SDL_AUDIODRIVER=dummy
 else
     echo "demo: lost sound device: not tried, pulseaudio is not installed"
-fi 2>/dev/null
+fi
 
 cd "$work"
 mkdir -p small bin

@@ -192,29 +192,35 @@ Model makeFireBase() {
     return model;
 }
 
-// Lettering on both long sides of the sign box. The picture's columns follow z and its rows x, so the two sides have
-// mirrored maps; the box hides the far side.
+// Lettering on both long sides of the sign box, lamps along its edges. The picture's columns follow z and its rows x,
+// so the two sides have mirrored maps; the box hides the far side. The scene moves the columns of the first surface:
+// the lamps are that one, on both sides, as their rows are the same upside down.
 Model makeLettering() {
     Model model;
-    constexpr double off = 0.004;
+    constexpr double slope = signHighX - signLowX;
+    constexpr double off = 2.5 * slope - signHighX; // a whole number of pictures lies between the sides' upper edges
+    const auto map = [](double side) {
+        return tiledMap("plate1.jpg", Axis::Y, {side * (signHighX + off), 0, -side * signZ},
+                        {-side * slope, 1, side * 2 * signZ});
+    };
+    const std::uint32_t lamps = addSurface(model, "lamps", map(-1));
     for (const double side : {-1.0, 1.0}) {
-        const double slope = (signHighX - signLowX) * side;
-        const std::uint32_t surface =
-            addSurface(model, side < 0 ? "left" : "right",
-                       tiledMap("plate1.jpg", Axis::Y, {side * (signHighX + off), 0, -side * signZ},
-                                {-slope, 1, side * 2 * signZ}));
-        std::vector<std::vector<Point>> rows;
-        for (int i = 0; i <= 2; ++i) {
-            rows.emplace_back();
-            for (int k = 0; k <= 8; ++k)
-                rows.back().push_back({side * (signLowX + off) + slope * i / 2,
-                                       signLow + (signHigh - signLow) * i / 2 - raised, -signZ + k * signZ / 4});
+        const std::uint32_t name = addSurface(model, side < 0 ? "left" : "right", map(side));
+        constexpr double edges[] = {0, 0.2, 0.8, 1}; // of the lamps and of the name, from below
+        for (int strip = 0; strip < 3; ++strip) {
+            std::vector<std::vector<Point>> rows;
+            for (const double up : {edges[strip], edges[strip + 1]}) {
+                rows.emplace_back();
+                for (int k = 0; k <= 8; ++k)
+                    rows.back().push_back({side * (signLowX + off + slope * up),
+                                           signLow + (signHigh - signLow) * up - raised, -signZ + k * signZ / 4});
+            }
+            const std::size_t first = model.triangles.size();
+            addSheet(model, rows, strip == 1 ? name : lamps);
+            if (model.normal(model.triangles[first]).x * side < 0)
+                for (std::size_t i = first; i < model.triangles.size(); ++i)
+                    std::swap(model.triangles[i].corners[1], model.triangles[i].corners[2]);
         }
-        const std::size_t first = model.triangles.size();
-        addSheet(model, rows, surface);
-        if (model.normal(model.triangles[first]).x * side < 0)
-            for (std::size_t i = first; i < model.triangles.size(); ++i)
-                std::swap(model.triangles[i].corners[1], model.triangles[i].corners[2]);
     }
     return model;
 }

@@ -104,7 +104,11 @@ Material flesh(int, Vec3 p, Vec3 normal) {
     const float stain = fractalNoise(p * 1.4F, 3, 441);
     m.base = mix(palette::deep, palette::petrol * 0.9F, smoothStep(-0.3F, 0.4F, stain));
     m.base = mix(m.base, palette::teal * 0.8F, 0.6F * smoothStep(0.2F, 0.6F, stain + 0.3F * normal.y));
-    m.metal = 0.25F;
+    // the ground in front lies in dusk: the tube stands on it and outshines it
+    const float ground =
+        smoothStep(0.15F, 0.75F, normal.y) * smoothStep(-0.25F, -0.75F, p.y) * smoothStep(3.5F, 1.0F, p.z);
+    m.base = m.base * (1 - 0.78F * ground);
+    m.metal = 0.25F * (1 - 0.6F * ground);
     m.roughness = 0.03F;
     // light that comes through thin walls: how soon the body ends on the way towards the lamps
     const auto through = [&](Vec3 direction, float depth) {
@@ -115,7 +119,7 @@ Material flesh(int, Vec3 p, Vec3 normal) {
     const float edge = 0.25F + 0.75F * power(1 - saturate(-normal.z), 2);
     const float warm = through(normalize(toLamp), 0.15F) * edge / (0.25F + 0.65F * far);
     m.emission += mix(palette::ember, palette::amber, saturate(2.2F * warm)) * (2.9F * warm);
-    const float cold = through(normalize({-0.5F, 0.8F, 0.5F}), 0.13F) * edge;
+    const float cold = through(normalize({-0.5F, 0.8F, 0.5F}), 0.13F) * edge * (1 - 0.85F * ground);
     m.emission += palette::teal * (0.22F * cold * exponential(-0.35F * std::max(0.0F, p.z)));
     // the crease: a thin sheet of light, nearly in line with the eye, drawn over whatever it meets
     const float sheet = p.y - eye.y + 0.07F + 0.40F * (p.z - eye.z) - 0.052F * (p.x - eye.x);

@@ -83,8 +83,8 @@ constexpr double nameWidth = 10.1;
 
 } // namespace
 
-// "plate1.jpg": the nameplate: the name in light between two rules, on black, because the plate is added. The scene
-// moves the columns on by 32 with the music, so the whole wraps there.
+// "plate1.jpg": the nameplate: the name in light between two rules, on black, because the plate is added. The outer
+// rows hold lamps, one to 32 columns, in two runs that fade out behind; the scene moves these on by 32 with the music.
 void makeNameplate(const std::string& path) {
     const int side = 256 * 3;
     Picture mask = drawn(side, side, [&](cairo_t* cairo) {
@@ -108,9 +108,13 @@ void makeNameplate(const std::string& path) {
         light += palette::amber * (0.55F * soft.at(x, y).x * (1 - stroke)) + palette::ember * (0.9F * wide.at(x, y).x);
         const float rule = std::min(std::fabs(v - 0.16F), std::fabs(v - 0.84F));
         light += palette::amber * (0.7F * bell(rule, 0.010F)) + palette::ember * (0.5F * bell(rule, 0.03F));
-        const float tick = std::fabs(16 * u - std::floor(16 * u) - 0.5F);
-        const float outer = std::min(std::fabs(v - 0.10F), std::fabs(v - 0.90F));
-        light += palette::teal * (0.5F * smoothStep(0.016F, 0.010F, outer) * smoothStep(0.30F, 0.24F, tick));
+        const float cell = 8 * u;
+        const float run = static_cast<float>(static_cast<int>(cell) % 4) / 3; // 1 is the first lamp of a run
+        const float beside = std::max(0.0F, std::fabs(cell - std::floor(cell) - 0.5F) - 0.26F) / 8;
+        const float lamp = length(beside, std::min(std::fabs(v - 0.075F), std::fabs(v - 0.925F)) * 0.4F);
+        const float on = 0.10F + 0.90F * run * run;
+        light += mix(palette::teal, palette::ice, 0.6F * run) * (1.1F * on * smoothStep(0.018F, 0.010F, lamp)) +
+                 palette::teal * (0.30F * on * run * bell(lamp, 0.016F));
         return light * 0.85F;
     });
     writeBitmap(path, withTrueBlack(developed(picture, {1, true, 0}), 3));

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "core/convert.h"
+#include "core/float_sum.h"
 #include "render/affine_span.h"
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <utility>
 
 // The walk over the rows of a triangle that the affine fillers share: no correction within a pixel, every edge starts
@@ -48,21 +48,27 @@ class AffineEdge {
             at.coordinates.of[i] = wrapAdd(at.coordinates.of[i], step_.coordinates.of[i]);
     }
 
+    // The same as so many single steps.
+    void advance(std::int32_t rows) {
+        at.x = wrapAdd(at.x, wrapMul(rows, step_.x));
+        at.z = addRepeatedly(at.z, step_.z, rows);
+        for (int i = 0; i < at.coordinates.count; ++i)
+            at.coordinates.of[i] = wrapAdd(at.coordinates.of[i], wrapMul(rows, step_.coordinates.of[i]));
+    }
+
     AffineEnd<layers> at{};
 
   private:
     AffineEnd<layers> step_{};
 };
 
-// Calls drawRow(a, b, row) for every row that lies on a target of the given height. Rows above it are walked too,
-// because z accumulates in floats; a float does not count more than 2^24 of them, and triangles that begin higher (or
-// whose corners are no numbers) are left out.
+// Calls drawRow(a, b, row) for every row that lies on a target of the given height. Triangles that reach farther than
+// 2^30 rows (or whose corners are no numbers) are left out: their heights would not fit.
 template <int layers, class DrawRow>
 void walkAffineTriangle(std::array<SnappedCorner<layers>, 3> corners, std::int32_t height, DrawRow drawRow) {
-    constexpr std::int32_t mostRowsAbove = 1 << 24;
-    constexpr std::int32_t lastRow = std::numeric_limits<std::int32_t>::max() - mostRowsAbove; // heights stay in range
+    constexpr std::int32_t farthestRow = 1 << 30;
     for (const SnappedCorner<layers>& corner : corners) {
-        if (corner.y < -mostRowsAbove || corner.y > lastRow)
+        if (corner.y < -farthestRow || corner.y > farthestRow)
             return;
     }
     const auto sort = [&corners](std::size_t first, std::size_t second) {
@@ -76,9 +82,14 @@ void walkAffineTriangle(std::array<SnappedCorner<layers>, 3> corners, std::int32
 
     AffineEdge<layers> longEdge(corners[0], corners[2]);
     const auto walk = [&](AffineEdge<layers> shortEdge, std::int32_t row, std::int32_t end) {
-        for (; row < std::min(end, height); ++row) {
-            if (row >= 0)
-                drawRow(shortEdge.at, longEdge.at, row);
+        end = std::min(end, height);
+        if (const std::int32_t hidden = std::min(end, 0) - row; hidden > 0) {
+            shortEdge.advance(hidden);
+            longEdge.advance(hidden);
+            row += hidden;
+        }
+        for (; row < end; ++row) {
+            drawRow(shortEdge.at, longEdge.at, row);
             shortEdge.advance();
             longEdge.advance();
         }

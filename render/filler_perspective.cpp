@@ -16,9 +16,8 @@ namespace lumenfold {
 
 namespace {
 
-// Rows above the screen are walked one by one from the top corner, because the edges accumulate in floats. A float
-// does not count more rows than these: triangles that begin higher (or hold NaN) are left out.
-constexpr float mostRowsAbove = 16777216.0F;
+// Triangles that begin higher (or hold NaN) are left out: no 32-bit row says where.
+constexpr float highestRow = -2147483648.0F;
 
 struct Corner {
     float x, y; // screen + 0.5
@@ -53,8 +52,11 @@ class Walker {
     }
 
     void walk(std::int32_t row, std::int32_t end) {
-        for (const std::int32_t hidden = std::min(end, 0); row < hidden; ++row)
-            advance(edges_);
+        // the edges add up row by row from the top corner, on the screen or not
+        if (const std::int32_t seen = std::min(end, 0); row < seen) {
+            advance(edges_, std::int64_t{seen} - row);
+            row = seen;
+        }
         end = std::min(end, height_);
         if (row < end)
             drawRows_(triangle_, edges_, row, end);
@@ -88,7 +90,7 @@ void drawTriangle(const PerspectiveCorner (&projected)[3], PerspectiveTriangle& 
     Corner middle = makeCorner(projected[1]);
     Corner bottom = makeCorner(projected[2]);
     for (const Corner* corner : {&top, &middle, &bottom}) {
-        if (!(corner->y >= -mostRowsAbove))
+        if (!(corner->y >= highestRow))
             return;
     }
     if (middle.y < top.y)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "core/float_sum.h"
 #include "render/perspective_rows.h"
 
 // Arithmetic of the perspective filler's planar quantities, lane by lane, in single precision.
@@ -23,6 +24,16 @@ inline void advance(PerspectiveEdges& edges) {
     edges.left += edges.leftStep;
     edges.right += edges.rightStep;
     edges.planar = edges.planar + edges.planarStep;
+}
+
+// The same as so many single steps.
+inline void advance(PerspectiveEdges& edges, std::int64_t rows) {
+    edges.left = addRepeatedly(edges.left, edges.leftStep, rows);
+    edges.right = addRepeatedly(edges.right, edges.rightStep, rows);
+    edges.planar.u = addRepeatedly(edges.planar.u, edges.planarStep.u, rows);
+    edges.planar.v = addRepeatedly(edges.planar.v, edges.planarStep.v, rows);
+    edges.planar.w = addRepeatedly(edges.planar.w, edges.planarStep.w, rows);
+    edges.planar.again = edges.planar.w;
 }
 
 } // namespace lumenfold

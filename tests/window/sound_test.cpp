@@ -68,8 +68,8 @@ TEST_P(Device, TellsSyncsWhenTheyAreHeard) {
     ASSERT_GE(told.size(), 18U); // over the loop
     for (std::size_t i = 0; i < told.size(); ++i) {
         constexpr double row = 0.12;
-        constexpr double early = 0.02; // the two clocks' difference
-        constexpr double late = 0.25;  // on a busy machine
+        constexpr double early = 0.1; // a busy machine starts late and makes up for it
+        constexpr double late = 0.25;
         EXPECT_EQ(told[i].value, i % 16);
         EXPECT_NE(told[i].thread, std::this_thread::get_id());
         EXPECT_GT(told[i].seconds, static_cast<double>(i) * row - early);

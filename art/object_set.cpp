@@ -100,7 +100,7 @@ Model makeCentrepiece() {
                  plates);
     }
     dress(model, plates, "plate", "hullpan.jpg", 0.42);
-    dress(model, gem, "gem", "petrolenv.jpg", 0.42);
+    dress(model, gem, "gem", "eftex.jpg", 0.42);
     model.weld(1e-5);
     return model;
 }
@@ -124,7 +124,7 @@ Model makeClaw() {
         {-0.25, -0.45, -0.15}, {0.45, 0.28, 0.15}, 0.013);
     simplify(model, 1600);
     model.addSurface({"unused", {}, {}, {}});
-    dress(model, 0, "claw", "petrolenv.jpg", 0.5);
+    dress(model, 0, "claw", "phong5.jpg", 0.42);
     return model;
 }
 

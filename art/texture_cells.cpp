@@ -16,6 +16,7 @@ struct Tissue {
     float nucleus; // largest nucleus radius, in cells
     float depth;   // height of a cell, in units of the whole side
     float brightness;
+    float warmth;          // of rims and nuclei: 1 embers, 0 cold light
     float softness;        // sigma of the last blur in texels: what is magnified most has the softest edges
     Colour low, high, odd; // body colours of common cells and of a rare one
     std::uint32_t seed;
@@ -66,11 +67,16 @@ Colour tissueColour(const Tissue& tissue, const TissuePoint& point, Vec3 normal,
     body = mix(body, tissue.odd, 0.7F * smoothStep(0.80F, 1, unitOf(point.id, 1)));
     const float depth = saturate((point.border - 0.05F) / 0.5F);
     Colour light = body * ((0.10F + 0.80F * lit) * (0.35F + 0.65F * depth));
-    light += palette::teal * (0.55F * edge * lit) + palette::amber * (0.42F * back * back * (1 - point.nucleus));
-    light += palette::ice * (0.9F * shine);
-    const Colour kernel = mix(palette::ember * 0.8F, palette::amber * 0.85F, lit) * (0.35F + 0.7F * lit);
+    light += palette::teal * (0.55F * edge * lit) +
+             palette::amber * (0.42F * tissue.warmth * back * back * (1 - point.nucleus));
+    const Colour gleam = mix(palette::teal * 0.6F + palette::ice * 0.2F, palette::ice * 0.9F, tissue.warmth);
+    light += gleam * shine;
+    const Colour ember = mix(palette::ember * 0.8F, palette::amber * 0.85F, lit);
+    const Colour cold = mix(palette::violet * 0.5F, palette::teal * 1.1F, lit);
+    const Colour kernel = mix(cold, ember, tissue.warmth) * (0.35F + 0.7F * lit);
     light = mix(light, kernel + palette::ice * (0.6F * shine), 0.85F * point.nucleus);
-    light += fromHex(0x8FE8DA) * (0.28F * bell(point.border - 0.115F, 0.025F) * (0.35F + lit));
+    light += mix(palette::teal * 0.9F, fromHex(0x8FE8DA), tissue.warmth) *
+             (0.28F * bell(point.border - 0.115F, 0.025F) * (0.35F + lit));
     return mix(hollowTint, light, smoothStep(0.035F, 0.085F, point.border)) * tissue.brightness;
 }
 
@@ -89,15 +95,16 @@ void makeTissue(const Tissue& tissue, int fine, const std::string& path) {
 
 } // namespace
 
-// "cell1.jpg": walls of the rotating tunnel, magnified about five times there, dim since fire is added to them.
+// "cell1.jpg": walls of the rotating tunnel, magnified about five times there, dim and cold since fire is added to
+// them.
 void makeTunnelCells(const std::string& path) {
-    makeTissue({6, 0.42F, 0.21F, 0.046F, 0.32F, 1.3F, fromHex(0x0A3A48), fromHex(0x1E9A8C), fromHex(0x4A2E8A), 21}, 768,
-               path);
+    makeTissue({6, 0.42F, 0.21F, 0.046F, 0.40F, 0, 1.3F, fromHex(0x05182A), fromHex(0x0C5870), fromHex(0x2A1E6A), 21},
+               768, path);
 }
 
 // "cell5a.jpg": added to the petrol texture, so it leaves room above: dim bodies, bright only at the membranes.
 void makeAddedCells(const std::string& path) {
-    makeTissue({9, 0.55F, 0.17F, 0.030F, 0.50F, 0.7F, fromHex(0x0B2A33), fromHex(0x1C6A6A), fromHex(0x5A2A1A), 121},
+    makeTissue({9, 0.55F, 0.17F, 0.030F, 0.50F, 1, 0.7F, fromHex(0x0B2A33), fromHex(0x1C6A6A), fromHex(0x5A2A1A), 121},
                768, path);
 }
 

@@ -51,7 +51,7 @@ void makeFire(const std::string& path) {
     writeBitmap(path, withTrueBlack(developed(picture, {0.9F, true, 0}), 6));
 }
 
-// "coral1.jpg": the grown ground of the landscape: branching ridges over dark hollows, cups that glow here and there.
+// "coral1.jpg": one of the matters on the film: branching ridges over dark hollows, cups that glow here and there.
 void makeCoral(const std::string& path) {
     constexpr int fine = 768;
     const auto heightAt = [](float u, float v) {

@@ -59,7 +59,7 @@ std::vector<Section> buildDemo() {
     sections.push_back(
         {"4 twin tunnels", 16 * barRows, fastTempo,
          joined({next, onBars(hit, 2, 6, 2, {0}), onBars(hit, 8, 4, 1, {0, 8}), onBars(hit, 12, 3, 1, {0, 4, 8, 12}),
-                 single(15, 0, hit), single(15, 4, hit), single(15, 11, swap)})});
+                 single(15, 0, hit), single(15, 4, hit), single(15, 10, swap)})});
     sections.push_back({"4 ray tunnel", 14 * barRows, fastTempo, joined({single(0, 0, pulse), single(13, 0, swap)})});
     sections.push_back({"5 weld", 3 * barRows, fastTempo, next});
     sections.push_back({"5 film", 4 * barRows + barRows / 2, fastTempo, single(0, 0, swap)});
@@ -175,8 +175,8 @@ std::vector<TuneCheck> checkTimeline(int outputRate) {
         {"part 3: swaps", count("3", sync::swap), 1, 4, ""},
         {"part 3: fade before the end", fadeUnits, 72.5, 75.0, "units"},
         {"part 4: twin tunnels", seconds("4 twin tunnels", "4 ray tunnel"), 26.5, 28.0, "s"},
-        {"part 4: light before the switch", start("4 ray tunnel") - rowSeconds("4 twin tunnels", 15 * barRows + 11),
-         0.4, 0.65, "s"},
+        {"part 4: light before the switch", start("4 ray tunnel") - rowSeconds("4 twin tunnels", 15 * barRows + 10),
+         0.6, 0.65, "s"},
         {"part 4: ray tunnel", seconds("4 ray tunnel", "5 weld"), 20.0, 27.0, "s"},
         {"part 5", seconds("5 weld", "6 water"), 12.0, 14.0, "s"},
         {"part 5: weld and split", units("5 weld", "5 film"), 40.0, 100.0, "units"},

@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <cstdio>
 #include <map>
+#include <utility>
 #include <vector>
 
 namespace lumenfold::film {
@@ -18,6 +20,7 @@ constexpr std::int32_t gap = 8;
 constexpr std::int32_t labelRows = glyphHeight + 4;
 constexpr std::uint32_t hit = 37;
 constexpr std::int64_t settled = 4; // frames behind a command at which its effect is seen
+constexpr std::uint64_t dark = 16;  // mean level below which a phase has yet to fade in
 constexpr Pixel32 paper = 0x00181818;
 constexpr Pixel32 ink = 0x00D0D0D0;
 
@@ -38,7 +41,7 @@ struct Stretch {
     std::int64_t frames = 0;
     std::int64_t distance = 1;
     std::vector<Moment> moments;
-    std::vector<Moment> phases;                   // a few frames behind the first commands of each value
+    std::vector<Moment> phases;                   // soon behind the first commands of each value
     std::map<std::uint32_t, std::int32_t> heard;  // commands so far, by value
     std::map<std::int64_t, std::uint32_t> wanted; // frames to be kept for a command
 };
@@ -60,6 +63,13 @@ std::vector<Pixel32> halved(const Frame& frame) {
     return half;
 }
 
+bool isDark(const std::vector<Pixel32>& pixels) {
+    std::uint64_t sum = 0;
+    for (const Pixel32 pixel : pixels)
+        sum += (pixel >> 16 & 255) + (pixel >> 8 & 255) + (pixel & 255);
+    return sum < 3 * dark * pixels.size();
+}
+
 class ContactSheet : public Output {
   public:
     ContactSheet(const std::string& path, std::int32_t framesPerSecond, bool oneScene)
@@ -73,9 +83,16 @@ class ContactSheet : public Output {
         width = frame.width / 2;
         height = frame.height / 2;
         Stretch& stretch = stretches.back();
-        const auto wanted = stretch.wanted.find(frame.number);
-        if (wanted != stretch.wanted.end())
-            stretch.phases.push_back({frame.number, frame.time, halved(frame), wanted->second});
+        if (const auto wanted = stretch.wanted.find(frame.number); wanted != stretch.wanted.end()) {
+            std::vector<Pixel32> pixels = halved(frame);
+            if (isDark(pixels)) { // a second later, then
+                auto later = stretch.wanted.extract(wanted);
+                later.key() += fps;
+                stretch.wanted.insert(std::move(later));
+            } else {
+                stretch.phases.push_back({frame.number, frame.time, std::move(pixels), wanted->second});
+            }
+        }
         if (stretch.frames++ % stretch.distance != 0)
             return;
         stretch.moments.push_back({frame.number, frame.time, halved(frame)});

@@ -93,23 +93,26 @@ std::vector<View> flightViews(int step) {
     return views;
 }
 
+ViewAxes axesOf(const View& view) {
+    const double st = trig::sin(view.turn * degree);
+    const double ct = trig::cos(view.turn * degree);
+    const double sa = trig::sin(view.tilt * degree);
+    const double ca = trig::cos(view.tilt * degree);
+    const Point right{ct, 0, st};
+    const Point ahead{-st * ca, sa, ct * ca};
+    return {right, cross(ahead, right), ahead};
+}
+
 Sight lookAround(const Mesh& mesh, const std::vector<View>& views, double height) {
     const std::vector<Face> faces = facesOf(mesh);
-    constexpr double width = 0.625;
     Sight sight;
     sight.nearest = std::numeric_limits<double>::infinity();
     for (const View& view : views) {
-        const double st = trig::sin(view.turn * degree);
-        const double ct = trig::cos(view.turn * degree);
-        const double sa = trig::sin(view.tilt * degree);
-        const double ca = trig::cos(view.tilt * degree);
-        const Point right{ct, 0, st};
-        const Point ahead{-st * ca, sa, ct * ca};
-        const Point up = cross(ahead, right);
+        const auto [right, up, ahead] = axesOf(view);
         // an odd step keeps the rays off seams that lie in a coordinate plane
         for (double i = -0.97; i <= 1; i += 0.1773)
             for (double k = -0.97; k <= 1; k += 0.2431) {
-                const Hit hit = cast(faces, view.place, ahead + right * (i * width) + up * (k * height));
+                const Hit hit = cast(faces, view.place, ahead + right * (i * halfFrameWidth) + up * (k * height));
                 if (hit.distance > 1e6)
                     ++sight.open;
                 else if (!hit.front)

@@ -17,6 +17,15 @@ struct View {
     double tilt = 0;
 };
 
+inline constexpr double halfFrameWidth = 0.625; // of what the frame shows at distance 1
+
+// Unit vectors of what a camera sees.
+struct ViewAxes {
+    Point right, up, ahead;
+};
+
+ViewAxes axesOf(const View& view);
+
 // One view every `step` units of the scene's time.
 std::vector<View> tunnelViews(int step = 10); // the opening's flight and its turn round the corner
 std::vector<View> hallViews(int step = 10);   // along the nave, up, down on the medallion

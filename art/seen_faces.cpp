@@ -1,7 +1,5 @@
 #include "art/seen_faces.h"
 
-#include "core/trig.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -12,9 +10,7 @@ namespace lumenfold::art {
 
 namespace {
 
-constexpr double degree = 0.017453292519943295;
 constexpr double nearPlane = 0.2;
-constexpr double width = 0.625; // half of what the frame shows across at distance 1
 
 // What is known of a triangle: it never shows its front on the screen, something hides it, it is to be seen.
 enum Seen : char { away, hidden, shown };
@@ -27,13 +23,7 @@ class SeenFaces {
     void look(const Model& model, const View& view, std::vector<Seen>& seen) {
         std::fill(depth_.begin(), depth_.end(), 0.0);
         std::fill(face_.begin(), face_.end(), none);
-        const double st = trig::sin(view.turn * degree);
-        const double ct = trig::cos(view.turn * degree);
-        const double sa = trig::sin(view.tilt * degree);
-        const double ca = trig::cos(view.tilt * degree);
-        const Point right{ct, 0, st};
-        const Point ahead{-st * ca, sa, ct * ca};
-        const Point up = cross(ahead, right);
+        const auto [right, up, ahead] = axesOf(view);
         std::vector<Point> places;
         for (const Point& p : model.points) {
             const Point d = p - view.place;
@@ -74,7 +64,7 @@ class SeenFaces {
 
     // Column, row and 1 / z.
     Point onScreen(Point p) const {
-        return {(p.x / p.z / width + 1) * columns / 2, (1 - p.y / p.z / height_) * rows / 2, 1 / p.z};
+        return {(p.x / p.z / halfFrameWidth + 1) * columns / 2, (1 - p.y / p.z / height_) * rows / 2, 1 / p.z};
     }
 
     bool fill(Point a, Point b, Point c, std::uint32_t face) {

@@ -4,6 +4,9 @@
 #include "art/noise.h"
 #include "art/relief.h"
 
+#include <algorithm>
+#include <cmath>
+
 // The rock of the flight, from one rib's middle to the next along the columns and from 18 units above the water to 2
 // below it along the rows; as seen from near and through haze. A bay is a wall of pillars that broke at different
 // heights. The light comes off the water and from daybreak, as nothing else lights the objects.

@@ -30,18 +30,19 @@ struct Options {
     Report::Format format = Report::Format::Table;
     std::filesystem::path show = std::filesystem::exists(LUMENFOLD_SHOW) ? LUMENFOLD_SHOW : installedShow();
     std::vector<std::string> wanted; // empty: all
+    bool help = false;
 };
 
-int usage() {
-    std::fprintf(stderr, "usage: lumenfold-bench [--peers] [--csv] [--show FOLDER] [SECTION...]\n"
+void printUsage(std::FILE* stream) {
+    std::fprintf(stream, "usage: lumenfold-bench [--peers] [--csv] [--show FOLDER] [SECTION...]\n"
                          "  --peers        set other programs' code beside the demo's\n"
                          "  --csv          name,value,unit,peer,peer value,ratio\n"
                          "  --show FOLDER  the demo's pictures and objects\n"
+                         "  --help         print this\n"
                          "  sections:     ");
     for (const Section& section : sections)
-        std::fprintf(stderr, " %s", section.name);
-    std::fprintf(stderr, "\n");
-    return 2;
+        std::fprintf(stream, " %s", section.name);
+    std::fprintf(stream, "\n");
 }
 
 bool isSection(const std::string& name) {
@@ -61,6 +62,8 @@ bool parse(int count, char** arguments, Options& options) {
             options.format = Report::Format::Csv;
         else if (argument == "--show" && i + 1 < count)
             options.show = arguments[++i];
+        else if (argument == "--help")
+            options.help = true;
         else if (isSection(argument))
             options.wanted.push_back(argument);
         else
@@ -87,8 +90,14 @@ void measure(const Options& options) {
 
 int main(int count, char** arguments) {
     lumenfold::bench::Options options;
-    if (!lumenfold::bench::parse(count, arguments, options))
-        return lumenfold::bench::usage();
+    if (!lumenfold::bench::parse(count, arguments, options)) {
+        lumenfold::bench::printUsage(stderr);
+        return 2;
+    }
+    if (options.help) {
+        lumenfold::bench::printUsage(stdout);
+        return 0;
+    }
     try {
         lumenfold::bench::measure(options);
     } catch (const std::exception& error) {

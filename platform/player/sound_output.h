@@ -14,7 +14,7 @@ class SoundOutput {
     virtual void open() = 0;
     virtual void close() = 0;
 
-    // The device begins to ask for sound.
+    // From run() to pause() the tune plays; otherwise there is silence.
     virtual void run() = 0;
     virtual void pause() = 0;
 

@@ -4,21 +4,32 @@
 
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 namespace lumenfold::film {
 
-std::array<std::uint64_t, hashLanes> hashPictures(const std::array<const Pixel32*, hashLanes>& pictures,
-                                                  std::size_t count) {
+namespace {
+
+// Written out for every lane, so that the compiler keeps them all in registers.
+template <std::size_t... lanes>
+std::array<std::uint64_t, hashLanes> hashSideBySide(const std::array<const Pixel32*, hashLanes>& pictures,
+                                                    std::size_t count, std::index_sequence<lanes...>) {
     constexpr std::uint64_t offset = 14695981039346656037U;
     constexpr std::uint64_t prime = 1099511628211U;
     std::array<std::uint64_t, hashLanes> hashes;
     hashes.fill(offset);
     for (std::size_t i = 0; i < count; ++i)
         for (const int shift : {0, 8, 16})
-            for (std::size_t lane = 0; lane < hashLanes; ++lane)
-                hashes[lane] = (hashes[lane] ^ (pictures[lane][i] >> shift & 0xFF)) * prime;
+            ((hashes[lanes] = (hashes[lanes] ^ (pictures[lanes][i] >> shift & 0xFF)) * prime), ...);
     return hashes;
+}
+
+} // namespace
+
+std::array<std::uint64_t, hashLanes> hashPictures(const std::array<const Pixel32*, hashLanes>& pictures,
+                                                  std::size_t count) {
+    return hashSideBySide(pictures, count, std::make_index_sequence<hashLanes>());
 }
 
 namespace {

@@ -75,12 +75,16 @@ bool SoundDevice::works() {
 
 // The driver stays the same: the others may have much to say about devices that are not there.
 void SoundDevice::reopen() {
-    if (stuck || !gone())
+    if (stuck || reopening || !gone())
         return;
+    reopening = true;
     device = 0;
-    SDL_AudioQuit();
-    if (SDL_AudioInit(driver) == 0 && SDL_GetNumAudioDevices(0) != 0)
-        openDevice();
+    std::thread([this] {
+        SDL_AudioQuit();
+        if (SDL_AudioInit(driver) == 0 && SDL_GetNumAudioDevices(0) != 0)
+            openDevice();
+        reopening = false;
+    }).detach();
 }
 
 void SoundDevice::fill(void* self, Uint8* bytes, int size) {

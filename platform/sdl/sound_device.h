@@ -29,7 +29,8 @@ class SoundDevice {
     // the calls between which the device has asked for nothing.
     bool works();
 
-    // Tries to open a device again if the one before is gone; one that only hangs is given its time.
+    // Begins to open a device again if the one before is gone, on a thread of its own, because that may hang as well;
+    // a device that only hangs is given its time.
     void reopen();
 
   private:
@@ -41,8 +42,11 @@ class SoundDevice {
     Playback& playback;
     const char* driver = nullptr;
     bool stuck = false;
-    std::uint32_t patience = 0; // looks at a silent device until it counts as hanging
-    std::uint32_t seen = 0;     // requests, at the last look
+    std::uint32_t seen = 0; // requests, at the last look
+
+    // shared with the thread that opens a device again
+    std::atomic<bool> reopening = false;
+    std::atomic<std::uint32_t> patience = 0; // looks at a silent device until it counts as hanging
 
     // shared with the playback thread
     std::atomic<SDL_AudioDeviceID> device = 0;

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Formatting, clang-tidy and cppcheck over the whole tree; silent when there is nothing to say (a quarter of an hour).
 #   tests/static.sh               everything
-#   tests/static.sh render art    only the sources of these folders
+#   tests/static.sh render forge  only the sources of these folders
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=build/static

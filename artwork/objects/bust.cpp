@@ -1,0 +1,105 @@
+// The bust: a head with closed eyes on short neck and shoulders over a turned foot, as one solid of signed distances;
+// mirrored in x, face towards -z, about 2.5 high before scaling. What colours it is chosen by the scene.
+
+#include "artwork/objects/objects.h"
+#include "forge/isosurface.h"
+#include "forge/shapes.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace lumenfold::art {
+
+namespace {
+
+using namespace solid;
+
+// Every part takes the point with the face towards +z; m is mirrored to x >= 0.
+double skull(Point p, Point m) {
+    double d = ellipsoid(p, {0, 0.60, -0.06}, {0.372, 0.415, 0.430});
+    d = join(d, ellipsoid(p, {0, 0.52, 0.12}, {0.318, 0.34, 0.30}), 0.12);                 // forehead
+    d = join(d, ellipsoid(p, {0, 0.22, 0.13}, {0.262, 0.36, 0.315}), 0.13);                // face
+    d = join(d, capsule(m, {0.12, -0.075, 0.25}, {0.262, 0.15, 0.0}, 0.062, 0.058), 0.11); // jaw
+    d = join(d, ellipsoid(p, {0, -0.105, 0.325}, {0.115, 0.075, 0.085}), 0.09);            // chin
+    return join(d, ellipsoid(m, {0.212, 0.262, 0.265}, {0.085, 0.062, 0.085}), 0.10);      // cheekbone
+}
+
+double features(double d, Point p, Point m) {
+    d = join(d, capsule(m, {0.045, 0.452, 0.400}, {0.225, 0.478, 0.290}, 0.040, 0.030), 0.075); // brow
+    d = carve(d, ellipsoid(m, {0.136, 0.372, 0.462}, {0.092, 0.060, 0.105}), 0.065);            // socket
+    d = join(d, ellipsoid(m, {0.138, 0.362, 0.330}, {0.074, 0.056, 0.062}), 0.016);             // closed eye
+    const double lid = capsule(m, {0.078, 0.343, 0.385}, {0.200, 0.347, 0.352}, 0.011, 0.008);
+    d = carve(d, lid, 0.012); // the crease where the lids meet
+    d = join(d, capsule(p, {0, 0.445, 0.405}, {0, 0.232, 0.500}, 0.030, 0.046), 0.050); // nose
+    d = join(d, sphere(p, {0, 0.215, 0.512}, 0.038), 0.035);
+    d = join(d, ellipsoid(m, {0.048, 0.205, 0.462}, {0.032, 0.030, 0.042}), 0.022);
+    d = carve(d, capsule(p, {0, 0.180, 0.447}, {0, 0.140, 0.437}, 0.010, 0.012), 0.02);         // philtrum
+    d = join(d, capsule(m, {0.012, 0.112, 0.436}, {0.088, 0.086, 0.392}, 0.027, 0.012), 0.020); // lips
+    d = join(d, capsule(m, {0.0, 0.058, 0.430}, {0.070, 0.074, 0.397}, 0.031, 0.014), 0.020);
+    d = carve(d, capsule(m, {0, 0.086, 0.462}, {0.098, 0.078, 0.402}, 0.007, 0.006), 0.012);
+    d = carve(d, ellipsoid(p, {0, 0.004, 0.440}, {0.075, 0.024, 0.045}), 0.035); // under the lip
+    return d;
+}
+
+double ear(double d, Point m) {
+    d = join(d, ellipsoid(m, {0.362, 0.335, -0.045}, {0.034, 0.118, 0.078}), 0.025);
+    d = carve(d, ellipsoid(m, {0.395, 0.345, -0.030}, {0.022, 0.072, 0.040}), 0.02);
+    return join(d, sphere(m, {0.352, 0.225, -0.020}, 0.030), 0.025);
+}
+
+double shoulders(Point p, Point m) {
+    double d = capsule(p, {0, 0.10, -0.14}, {0, -0.46, -0.13}, 0.245, 0.285);
+    d = join(d, capsule(m, {0.265, 0.12, -0.07}, {0.05, -0.475, 0.190}, 0.046, 0.048), 0.06); // neck muscle
+    d = join(d, ellipsoid(p, {0, -0.04, 0.16}, {0.055, 0.10, 0.06}), 0.09);                   // throat
+    d = join(d, capsule(m, {0.10, -0.36, -0.22}, {0.64, -0.60, -0.14}, 0.17, 0.18), 0.14);    // trapezius
+    d = join(d, ellipsoid(m, {0.66, -0.78, -0.09}, {0.235, 0.27, 0.255}), 0.16);              // shoulder
+    d = join(d, ellipsoid(p, {0, -0.86, -0.06}, {0.66, 0.44, 0.37}), 0.20);                   // trunk
+    d = join(d, ellipsoid(m, {0.27, -0.80, 0.17}, {0.29, 0.22, 0.19}), 0.12);                 // breast
+    d = join(d, ellipsoid(m, {0.30, -0.74, -0.30}, {0.22, 0.26, 0.14}), 0.14);                // shoulder blade
+    d = join(d, capsule(m, {0.06, -0.515, 0.215}, {0.56, -0.50, 0.06}, 0.028, 0.022), 0.075); // collar bone
+    return carve(d, capsule(p, {0, -0.62, -0.50}, {0, -1.15, -0.50}, 0.04, 0.06), 0.14);      // spine
+}
+
+// The shoulders end in a bowl, rounded from side to side and from front to back.
+double torso(Point p, Point m) {
+    const Point below{p.x, std::min(p.y + 0.40, 0.0), p.z + 0.05};
+    return common(shoulders(p, m), ellipsoid(below, {}, {0.92, 0.72, 0.58}), 0.06);
+}
+
+// A turned foot: a waist with a ring, a disc, its underside hollowed round a boss.
+double plinth(Point p) {
+    const Point q{p.x, p.y, p.z + 0.05};
+    double d = capsule(q, {0, -1.02, 0}, {0, -1.30, 0}, 0.23, 0.13);
+    d = join(d, torus(q, {0, -1.205, 0}, 0.185, 0.034), 0.012);
+    const double out = std::sqrt(q.x * q.x + q.z * q.z) - 0.355;
+    const double up = std::fabs(q.y + 1.345) - 0.020;
+    const double rim = std::sqrt(std::pow(std::max(out, 0.0), 2) + std::pow(std::max(up, 0.0), 2)) +
+                       std::min(std::max(out, up), 0.0) - 0.042;
+    d = join(d, rim, 0.07);
+    d = carve(d, sphere(q, {0, -1.90, 0}, 0.58), 0.03);
+    return join(d, ellipsoid(q, {0, -1.33, 0}, {0.12, 0.06, 0.12}), 0.03);
+}
+
+double bust(Point q) {
+    const Point p{q.x, q.y, -q.z};
+    const Point m{std::fabs(p.x), p.y, p.z};
+    // the head's parts are measured at a smaller size than it has on these shoulders
+    constexpr double size = 1.12;
+    const Point h = (p + Point{0, 0.05, 0}) * (1 / size);
+    const Point hm{std::fabs(h.x), h.y, h.z};
+    const double head = ear(features(skull(h, hm), h, hm), hm) * size;
+    return join(join(head, torso(p, m), 0.055), plinth(p), 0.05);
+}
+
+} // namespace
+
+Model makeBust() {
+    Model model = meshSolid(bust, {-1.05, -1.50, -0.85}, {1.05, 1.25, 0.85}, 0.023);
+    simplify(model, 4900);
+    for (Point& point : model.points)
+        point = (point + Point{0, 0.10, 0}) * 10.0; // turns about the middle of its height
+    model.addSurface({"skin", {20, 82, 92}, {}, {}});
+    return model;
+}
+
+} // namespace lumenfold::art

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "forge/model.h"
+
+// One function per object of the show.
+
+namespace lumenfold::art {
+
+Model makeTunnel();      // mytun_ny1a.lwo: the opening's tunnel with its bend
+Model makeHall();        // prison2.lwo: the monumental hall
+Model makeCube();        // cube6.lwo
+Model makeBust();        // hum.lwo
+Model makeBlob();        // blob1.lwo
+Model makeSeed();        // blob2.lwo
+Model makeKnot();        // blb3.lwo
+Model makePlateLeft();   // svets1.lwo
+Model makePlateRight();  // svets2.lwo
+Model makeFilm();        // filmrulle1.lwo
+Model makeLandscape();   // mytube3b.lwo
+Model makeWater();       // water.lwo
+Model makeAircraft();    // stealth.lwo
+Model makeCentrepiece(); // credt.lwo
+Model makeClaw();        // claw2.lwo
+Model makeFirePole();    // firepole.lwo
+Model makeFireBase();    // firebase.lwo
+Model makeLettering();   // nameplate.lwo
+
+} // namespace lumenfold::art

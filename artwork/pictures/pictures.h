@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+// One function per full-screen picture; each writes the finished file. The list of recipes stands in
+// recipes.cpp.
+
+namespace lumenfold::art {
+
+void makeLiquidFolds(const std::string& path);
+void makeMachineCore(const std::string& path);
+void makeFireWreath(const std::string& path);
+void makeSpongeCavern(const std::string& path);
+void makeRingGallery(const std::string& path);
+void makePrisonFrame(const std::string& path);
+
+} // namespace lumenfold::art

@@ -1,0 +1,82 @@
+#include "artwork/textures/textures.h"
+
+#include "forge/encode.h"
+#include "forge/picture_file.h"
+
+#include <stdexcept>
+
+// The additive sprites. They overlap by the dozen, so their energy is set by what the sum may reach, and their rim
+// is exactly black.
+
+namespace lumenfold::art {
+
+namespace {
+
+// place: -1 to 1 across the sprite.
+Picture sprite(int side, const std::function<Colour(float x, float y)>& shade) {
+    const float half = static_cast<float>(side) / 2;
+    return renderPicture(side, side, 8, [&](float x, float y, std::uint32_t) -> Colour {
+        const float u = x / half - 1;
+        const float v = y / half - 1;
+        const float edge = power(saturate((0.92F - length(u, v)) / 0.92F), 1.6F);
+        return shade(u, v) * edge;
+    });
+}
+
+constexpr Develop plain = {1, false, 0}; // no grain: what is black stays black
+
+} // namespace
+
+// "bfs1.pcx": flare of the ring, where neighbours overlap four- to tenfold, and the welding torch.
+void makeRingFlare(const std::string& path) {
+    const Picture picture = sprite(32, [](float x, float y) {
+        const float r = length(x, y);
+        const float core = exponential(-r * r * 46);
+        const float halo = 0.105F * exponential(-r * 4.4F);
+        const float ring = bell(r - 0.60F, 0.045F);
+        const float streak = 0.16F * exponential(-std::fabs(y + 0.06F * x) * 26 - std::fabs(x) * 3.2F) +
+                             0.05F * exponential(-std::fabs(x) * 34 - std::fabs(y) * 6);
+        Colour light = palette::ice * (0.20F * core + 0.4F * streak);
+        light += palette::teal * Vec3{0.4F, 1, 1} * (1.7F * halo + 0.8F * streak);
+        light += palette::amber * (0.045F * ring + 0.035F * exponential(-r * r * 9));
+        return light;
+    });
+    writeBitmap(path, developed(picture, plain));
+}
+
+// "bfs0.pcx": a spark, and one of the 1000 to 1700 flares of a metaball: a few levels of halo, a small core.
+void makeSparkFlare(const std::string& path) {
+    const Picture picture = sprite(16, [](float x, float y) {
+        const float r = length(x, y);
+        const float core = exponential(-r * r * 16);
+        return palette::amber * (0.085F * core) + palette::ice * (0.020F * exponential(-r * r * 60)) +
+               palette::ember * (0.045F * exponential(-r * r * 5)) + palette::teal * (0.014F * exponential(-r * 2.2F));
+    });
+    writeBitmap(path, developed(picture, plain));
+}
+
+// "petrolflare.jpg": flare of the feedback ring. It is added to its own fading trail dozens of times, so every lobe is
+// a pure colour, dim, and clear of the others. Red is the weakest channel by far: where everything overlaps, the sum
+// ends in teal and violet instead of white.
+void makePetrolFlare(const std::string& path) {
+    const Picture picture = sprite(32, [](float x, float y) {
+        const Colour tealOnly = palette::teal * Vec3{0, 1, 0.75F};
+        const Colour violetOnly = palette::violet * Vec3{0.35F, 0, 1};
+        const Colour amberOnly = palette::amber * Vec3{1, 0.35F, 0};
+        const auto lobe = [&](float atX, float atY, float width) { return bell(length(x - atX, y - atY), width); };
+        Colour light = tealOnly * (0.095F * lobe(-0.10F, -0.24F, 0.16F));
+        light += violetOnly * (0.026F * lobe(-0.22F, 0.38F, 0.16F));
+        light += amberOnly * (0.046F * lobe(0.44F, 0.14F, 0.13F));
+        return light;
+    });
+    // Rounding in the file leaves single bits of colour on a black rim; a slightly different exposure rounds otherwise.
+    for (float exposure = 1; exposure > 0.8F; exposure -= 0.005F) {
+        writeBitmap(path, developed(picture, {exposure, false, 0}));
+        if (borderIsBlack(readPicture(path, 32, 32))) {
+            return;
+        }
+    }
+    throw std::runtime_error(path + ": the border does not stay black");
+}
+
+} // namespace lumenfold::art

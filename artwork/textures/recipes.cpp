@@ -1,0 +1,41 @@
+#include "artwork/textures/textures.h"
+#include "forge/recipe.h"
+
+namespace lumenfold::art {
+
+std::vector<Recipe> textureRecipes() {
+    return {
+        {"petrolenv.jpg", true, makePetrolEnvironment},
+        {"phong5.jpg", true, makeChromeMirror},
+        {"eftex.jpg", true, makeOilMirror},
+        {"cubet5.jpg", true, makeMachineMirror},
+        {"cells3c.jpg", true, makeMembraneMirror},
+        {"cell1.jpg", true, makeTunnelCells},
+        {"cell5a.jpg", true, makeAddedCells},
+        {"slem4.jpg", true, makeSlime},
+        {"fdgrid.jpg", true, makeFloorGrid},
+        {"cubet4.jpg", true, makeRibTunnel},
+        {"bfs1.pcx", true, makeRingFlare},
+        {"bfs0.pcx", true, makeSparkFlare},
+        {"petrolflare.jpg", true, makePetrolFlare},
+        {"hullpan.jpg", true, makeHullPanels},
+        {"ribwall.jpg", true, makeRibWall},
+        {"hall1.jpg", true, makeHallStone},
+        {"ripple.jpg", true, makeRipples},
+        {"fire1.jpg", true, makeFire},
+        {"coral1.jpg", true, makeCoral},
+        {"tunbay1.jpg", true, makeTunnelBay},
+        {"tunbay2.jpg", true, makeTunnelBayTurned},
+        {"lamps.jpg", true, makeLampBands},
+        {"medal1.jpg", true, makeMedallion},
+        {"cave1.jpg", true, makeCaveNear},
+        {"cave2.jpg", true, makeCaveMiddle},
+        {"cave3.jpg", true, makeCaveFar},
+        {"dawn1.jpg", true, makeDawn},
+        {"glow1.jpg", true, makeEngineGlow},
+        {"plate1.jpg", true, makeNameplate},
+        {"film1.jpg", true, makeFilmStrip},
+    };
+}
+
+} // namespace lumenfold::art

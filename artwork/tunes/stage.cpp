@@ -1,0 +1,326 @@
+#include "artwork/tunes/stage.h"
+
+#include <algorithm>
+#include <sstream>
+#include <stdexcept>
+
+namespace lumenfold::art {
+namespace {
+
+constexpr std::uint8_t volumeColumn = 0x10;
+constexpr std::uint8_t volumeSlideUp = 0x70;
+constexpr int panningEffect = 0x08;
+constexpr int glideEffect = 0x03;
+constexpr int glideSpeed = 0x40; // four semitones a tick: any leap arrives within its row
+constexpr int extendedEffect = 0x0E;
+constexpr int retrigger = 0x90;
+constexpr int echoRows = 3;
+
+std::uint8_t volumeByte(int volume) {
+    return static_cast<std::uint8_t>(volumeColumn + std::max(0, std::min(64, volume)));
+}
+
+int faded(Sound sound, int volume) {
+    return volume * fader(sound) / 100;
+}
+
+struct Word {
+    int note; // 0 is a rest
+    int rows;
+};
+
+std::vector<Word> parseWords(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<Word> words;
+    for (std::string word; stream >> word;) {
+        const std::size_t colon = word.find(':');
+        const std::string name = word.substr(0, colon);
+        words.push_back({name == "-" ? 0 : noteNumber(name),
+                         colon == std::string::npos ? beatRows : std::stoi(word.substr(colon + 1))});
+    }
+    return words;
+}
+
+// Whether a sound loops until it is let go; the others end by themselves and a key off would cut their tails.
+bool sustains(Sound sound) {
+    return sound == Sound::sub || sound == Sound::bass || (sound >= Sound::padLeft && sound <= Sound::solo) ||
+           sound == Sound::sea;
+}
+
+} // namespace
+
+Stage::Stage(Score& target, const std::string& section)
+    : score(target), events(sectionNamed(target.sections(), section).events),
+      start(firstRow(target.sections(), section)), rowCount(sectionNamed(target.sections(), section).rows) {}
+
+std::vector<int> Stage::rowsOf(int syncValue) const {
+    std::vector<int> found;
+    for (const SyncEvent& event : events) {
+        if (event.value == syncValue) {
+            found.push_back(event.row);
+        }
+    }
+    return found;
+}
+
+void Stage::note(int row, int channelNumber, Sound sound, int number, int volume) {
+    if (row < 0 || row >= rowCount) {
+        return;
+    }
+    XmCell& cell = score.cell(start + row, channelNumber);
+    cell.note = static_cast<std::uint8_t>(number);
+    cell.instrument = static_cast<std::uint8_t>(sound);
+    cell.volume = volumeByte(faded(sound, volume));
+}
+
+void Stage::off(int row, int channelNumber) {
+    if (row >= 0 && row < rowCount) {
+        XmCell& cell = score.cell(start + row, channelNumber);
+        cell = XmCell{xmKeyOff, 0, 0, cell.effect, cell.parameter};
+    }
+}
+
+void Stage::hush(const std::vector<int>& kept) {
+    std::vector<int> sustaining = {channel::sub,      channel::bass,         channel::stab,   channel::lead,
+                                   channel::leadEcho, channel::leadEcho + 1, channel::texture};
+    for (int voice = 0; voice < channel::padVoices; ++voice) {
+        sustaining.push_back(channel::pad + voice);
+    }
+    for (const int number : sustaining) {
+        const bool keep = std::find(kept.begin(), kept.end(), number) != kept.end();
+        if (!keep && score.cell(start, number).note == 0) {
+            off(0, number);
+        }
+    }
+}
+
+void Stage::clear(int row, int rows, int channelNumber) {
+    for (int i = row; i < std::min(row + rows, rowCount); ++i) {
+        XmCell& cell = score.cell(start + i, channelNumber);
+        cell = XmCell{0, 0, 0, cell.effect, cell.parameter};
+    }
+}
+
+void Stage::breakOff(int row) {
+    for (int number = 0; number < channel::count; ++number) {
+        if (number != channel::rise) {
+            clear(row, rowCount - row, number);
+            off(row, number);
+        }
+    }
+}
+
+void Stage::effect(int row, int channelNumber, int number, int parameter) {
+    if (row >= 0 && row < rowCount) {
+        XmCell& cell = score.cell(start + row, channelNumber);
+        cell.effect = static_cast<std::uint8_t>(number);
+        cell.parameter = static_cast<std::uint8_t>(parameter);
+    }
+}
+
+void Stage::steps(int channelNumber, Sound sound, const std::string& pattern, int bar, int bars, int number,
+                  int scale) {
+    for (int row = 0; row < bars * barRows; ++row) {
+        const char step = pattern[static_cast<std::size_t>(row) % pattern.size()];
+        if (step != '.') {
+            note(bar * barRows + row, channelNumber, sound, number, (step - '0') * scale / 9);
+        }
+    }
+}
+
+void Stage::drums(const Kit& kit, int bar, int bars) {
+    const auto play = [&](int channelNumber, Sound sound, const std::string& pattern) {
+        if (!pattern.empty()) {
+            steps(channelNumber, sound, pattern, bar, bars);
+        }
+    };
+    play(channel::kick, kit.kickSound, kit.kick);
+    play(channel::snare, Sound::snare, kit.snare);
+    play(channel::hat, Sound::hat, kit.hat);
+    for (int row = bar * barRows; row < (bar + bars) * barRows && !kit.hat.empty(); row += 2) {
+        effect(row, channel::hat, panningEffect, row % 4 == 0 ? 0x60 : 0xA8);
+    }
+    play(channel::cymbal, Sound::openHat, kit.open);
+}
+
+void Stage::snareFill(int bar) {
+    const std::string hits = "........4.4.5567";
+    for (int row = 8; row < barRows; ++row) {
+        clear(bar * barRows + row, 1, channel::snare);
+    }
+    for (int row = 0; row < barRows; ++row) {
+        if (hits[static_cast<std::size_t>(row)] != '.') {
+            note(bar * barRows + row, channel::snare, Sound::snare, 49,
+                 (hits[static_cast<std::size_t>(row)] - '0') * 7);
+        }
+    }
+    flutter(bar * barRows + 13, channel::snare, 3);
+}
+
+void Stage::flutter(int row, int channelNumber, int everyTicks) {
+    effect(row, channelNumber, extendedEffect, retrigger + everyTicks);
+}
+
+void Stage::tomFill(int bar) {
+    const int rows[6] = {8, 10, 11, 12, 14, 15};
+    const char* const pitches[6] = {"A4", "F4", "F4", "D4", "A3", "A3"};
+    for (int i = 0; i < 6; ++i) {
+        note(bar * barRows + rows[i], channel::perc, Sound::tom, pitches[i], 44 + 3 * i);
+    }
+}
+
+void Stage::roll(int row, int rows, int every, int fromVolume, int toVolume) {
+    for (int i = 0; i < rows; i += every) {
+        note(row + i, channel::snare, Sound::snare, 49, fromVolume + (toVolume - fromVolume) * i / rows);
+    }
+}
+
+void Stage::swellInto(int row, Sound sound, int lengthRows, int volume, int number) {
+    note(row - lengthRows, channel::rise, sound, number, volume);
+    off(row, channel::rise);
+}
+
+void Stage::strike(int row, int impactVolume, int crashVolume) {
+    if (impactVolume > 0) {
+        note(row, channel::impact, Sound::impact, "C4", impactVolume);
+    }
+    if (crashVolume > 0) {
+        note(row, channel::cymbal, Sound::crash, "C4", crashVolume);
+    }
+}
+
+void Stage::pads(const Harmony& harmony, int bar, int volume, Sound left, Sound right, int floor) {
+    int row = bar * barRows;
+    for (const Chord& chord : parseChords(harmony.chords)) {
+        const std::vector<int> notes = voicing(chord, floor);
+        for (int voice = 0; voice < channel::padVoices; ++voice) {
+            note(row, channel::pad + voice, voice % 2 == 0 ? left : right, notes[static_cast<std::size_t>(voice)],
+                 volume);
+        }
+        row += harmony.rowsEach;
+    }
+}
+
+void Stage::pump(int bar, int bars, int volume, int everyRows) {
+    constexpr int ticksARow = 5; // a slide skips the row's first tick
+    const int full = faded(Sound::padLeft, volume);
+    const int low = full * 3 / 8;
+    const int slide = std::max(1, (full - low) / ((everyRows - 1) * ticksARow));
+    for (int row = bar * barRows; row < std::min(rowCount, (bar + bars) * barRows); ++row) {
+        for (int voice = channel::pad; voice < channel::pad + channel::padVoices; ++voice) {
+            XmCell& cell = score.cell(start + row, voice);
+            if (row % everyRows == 0) {
+                cell.volume = volumeByte(low);
+            } else if (cell.note == 0) {
+                cell.volume = static_cast<std::uint8_t>(volumeSlideUp + slide);
+            }
+        }
+    }
+}
+
+void Stage::stabs(const Harmony& harmony, const std::string& pattern, int bar, int bars, int volume, int floor) {
+    const std::vector<Chord> chords = parseChords(harmony.chords);
+    for (int row = 0; row < bars * barRows; ++row) {
+        const char step = pattern[static_cast<std::size_t>(row) % pattern.size()];
+        if (step == '.') {
+            continue;
+        }
+        const Chord& chord = chords[static_cast<std::size_t>((bar * barRows + row) / harmony.rowsEach) % chords.size()];
+        const std::vector<int> notes = voicing(chord, floor);
+        const int channels[4] = {channel::stab, channel::pad + 1, channel::pad + 2, channel::pad + 3};
+        const int places[4] = {0x60, 0x10, 0xF0, 0xA0};
+        for (int voice = 0; voice < 4; ++voice) {
+            note(bar * barRows + row, channels[voice], Sound::stab, notes[static_cast<std::size_t>(voice)],
+                 volume * (step - '0') / 9);
+            effect(bar * barRows + row, channels[voice], panningEffect, places[voice]);
+        }
+    }
+}
+
+void Stage::bassLine(const Harmony& harmony, int channelNumber, Sound sound, const std::string& pattern, int bar,
+                     int bars, int volume, int floor) {
+    const std::vector<Chord> chords = parseChords(harmony.chords);
+    for (int row = 0; row < bars * barRows; ++row) {
+        const char step = pattern[static_cast<std::size_t>(row) % pattern.size()];
+        const Chord& chord = chords[static_cast<std::size_t>((bar * barRows + row) / harmony.rowsEach) % chords.size()];
+        const int target = bar * barRows + row;
+        if (step == '=') {
+            off(target, channelNumber);
+        } else if (step != '.') {
+            const int octave = step < '5' ? 12 : 0;
+            note(target, channelNumber, sound, noteFrom(floor, chord.bass) + octave, volume * (step - '0') / 9);
+        }
+    }
+}
+
+void Stage::arpeggio(const Harmony& harmony, Sound sound, const std::string& figure, int bar, int bars, int volume,
+                     int floor) {
+    constexpr int accents[4] = {9, 6, 7, 5};
+    const std::vector<Chord> chords = parseChords(harmony.chords);
+    for (int row = 0; row < bars * barRows; ++row) {
+        const char letter = figure[static_cast<std::size_t>(row) % figure.size()];
+        if (letter == '.') {
+            continue;
+        }
+        const Chord& chord = chords[static_cast<std::size_t>((bar * barRows + row) / harmony.rowsEach) % chords.size()];
+        const std::vector<int> notes = voicing(chord, floor);
+        const int index = letter - 'a';
+        const int number = notes[static_cast<std::size_t>(index % 4)] + 12 * (index / 4);
+        const int target = bar * barRows + row;
+        const int loudness = volume * accents[row % 4] / 9;
+        note(target, channel::glass, sound, number, loudness);
+        effect(target, channel::glass, panningEffect, row % 2 == 0 ? 0x50 : 0xB0);
+        note(target + echoRows, channel::glassEcho, sound, number, loudness * 2 / 5);
+        effect(target + echoRows, channel::glassEcho, panningEffect, row % 2 == 0 ? 0xF0 : 0x10);
+    }
+}
+
+void Stage::voice(const std::string& words, Sound sound, int channelNumber, int row, int volume) {
+    bool sounding = false;
+    for (const Word& word : parseWords(words)) {
+        if (word.note == 0) {
+            off(row, channelNumber);
+        } else {
+            note(row, channelNumber, sound, word.note, volume);
+            if (sounding && sound == Sound::solo && channelNumber == channel::lead) {
+                effect(row, channelNumber, glideEffect, glideSpeed);
+            }
+        }
+        sounding = word.note != 0;
+        row += word.rows;
+    }
+    if (sustains(sound)) {
+        off(row, channelNumber);
+    }
+}
+
+void Stage::line(const std::string& words, Sound sound, int row, int volume) {
+    constexpr int left = 0x28;
+    constexpr int right = 0xD8;
+    voice(words, sound, channel::lead, row, volume);
+    for (int echo = 1; echo <= 2; ++echo) {
+        const int channelNumber = channel::leadEcho + echo - 1;
+        const int first = row + echo * echoRows;
+        voice(words, sound, channelNumber, first, echo == 1 ? volume * 2 / 5 : volume / 4);
+        int place = first;
+        for (const Word& word : parseWords(words)) {
+            effect(place, channelNumber, panningEffect, echo == 1 ? right : left);
+            place += word.rows;
+        }
+    }
+}
+
+std::string motif(const std::string& tonic, bool major, int octave) {
+    static const char* const names[12] = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
+    const int root = noteNumber(tonic + std::to_string(octave)) - 1;
+    const int degrees[5] = {0, 7, major ? 9 : 8, 7, 2};
+    const int lengths[5] = {6, 6, 4, 8, 8};
+    std::string words;
+    for (int i = 0; i < 5; ++i) {
+        const int number = root + degrees[i];
+        words += std::string(names[number % 12]) + std::to_string(number / 12) + ":" + std::to_string(lengths[i]) + " ";
+    }
+    return words;
+}
+
+} // namespace lumenfold::art

@@ -1,0 +1,267 @@
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+
+#include "artwork/tunes/instruments.h"
+
+namespace lumenfold::art {
+
+using namespace synth;
+
+namespace {
+
+constexpr double lowC = middleC / 4.0; // C-2
+
+// Frequency of a whole number of cycles in a loop of that length.
+double hertzOf(double cycles, std::size_t length) {
+    return cycles * sampleRate / static_cast<double>(length);
+}
+
+double random(std::uint32_t seed, int index) {
+    return noise(seed, static_cast<std::uint32_t>(index)) * 0.5 + 0.5;
+}
+
+Samples sub() {
+    LoopSpectrum spectrum(4096);
+    spectrum.partial(8, 1.0, 0.0);
+    spectrum.partial(16, 0.14, 0.0);
+    spectrum.partial(24, 0.05, 0.0);
+    return spectrum.render();
+}
+
+// Three saws a third of a hertz apart with a resonance and their own sub, folded once.
+Samples foldedBass() {
+    LoopSpectrum spectrum(1 << 16);
+    const double cycles[3] = {127.0, 128.0, 129.0};
+    const double gains[3] = {0.8, 1.0, 0.8};
+    for (int voice = 0; voice < 3; ++voice) {
+        for (int h = 1; h < 90; ++h) {
+            const double hertz = h * lowC;
+            const double ratio = hertz / 2400.0;
+            const double d = (hertz - 620.0) / 160.0;
+            const double amplitude = gains[voice] / power(h, 0.85) / std::sqrt(1.0 + ratio * ratio * ratio * ratio) *
+                                     (1.0 + 1.8 * exponential(-d * d));
+            spectrum.partial(cycles[voice] * h, amplitude, voice == 1 ? 0.75 : random(201, voice * 100 + h));
+        }
+    }
+    spectrum.partial(128.0, 0.5, 0.75);
+    Samples loop = spectrum.render();
+    normalise(loop, 1.0);
+    foldWith(loop, 2.8);
+    return loop;
+}
+
+// Frequency modulation whose depth opens and closes once, folded; a fixed vowel keeps it talking.
+Samples growl() {
+    Samples sound = render(0.85, [](double t) {
+        const double depth =
+            0.25 + 1.1 * exponential(-power((t - 0.13) / 0.12, 2.0) * (t > 0.13 ? 1.0 : 0.0)) * std::min(1.0, t / 0.09);
+        const double modulator = cycleSine(lowC * t) + 0.5 * cycleSine(2.0 * lowC * t + 0.2);
+        return cycleSine(lowC * t + depth * modulator) + 0.6 * cycleSine(lowC * t);
+    });
+    normalise(sound, 1.0);
+    foldWith(sound, 2.2);
+    sound = resonated(sound, {540.0, 1150.0, 2500.0}, 170.0, 1.6);
+    multiply(sound, [](double t) { return exponential(-t / 0.55) * std::min(1.0, t / 0.004); });
+    fadeEnds(sound, 0.0, 0.06);
+    return sound;
+}
+
+// Harmonics as clouds of random phase: a choir of strings with no beating and no seam.
+Samples cloudPad(std::size_t length, double detuneCents, double (*gain)(int harmonic, double hertz), int harmonics,
+                 std::uint32_t seed) {
+    LoopSpectrum spectrum(length);
+    const double spread = power(2.0, detuneCents / 1200.0) - 1.0;
+    for (int h = 1; h <= harmonics; ++h) {
+        const double hertz = middleC * h;
+        spectrum.cloud(spectrum.cyclesOf(hertz), spectrum.cyclesOf(hertz) * spread, gain(h, hertz),
+                       seed + static_cast<std::uint32_t>(h));
+    }
+    return spectrum.render();
+}
+
+double padGain(int h, double hertz) {
+    const double r = hertz / 3200.0;
+    return (h == 1 ? 0.7 : h % 2 == 1 ? 1.0 : 0.8) / power(h, 1.1) / std::sqrt(1.0 + r * r * r * r);
+}
+
+double airGain(int h, double hertz) {
+    const double r = hertz / 7000.0;
+    return (h % 2 == 0 ? 1.0 : 0.35) / power(h, 0.55) / (1.0 + r * r);
+}
+
+double choirGain(int h, double hertz) {
+    const double centres[4] = {640.0, 1080.0, 2550.0, 3300.0};
+    const double gains[4] = {1.0, 0.6, 0.22, 0.12};
+    double vowel = 0.06;
+    for (int i = 0; i < 4; ++i) {
+        const double d = (hertz - centres[i]) / (140.0 + 60.0 * i);
+        vowel += gains[i] * exponential(-d * d);
+    }
+    return (h == 1 ? 0.5 : 0.0) + vowel;
+}
+
+// Low strings and slightly stretched metal, each partial a cloud of its own.
+Samples drone() {
+    LoopSpectrum spectrum(1 << 17);
+    for (int h = 1; h <= 40; ++h) {
+        const double hertz = lowC * h;
+        const double amplitude = 1.0 / power(h, 1.05) / (1.0 + power(hertz / 1500.0, 2.0)) * (0.5 + random(211, h));
+        spectrum.cloud(spectrum.cyclesOf(hertz), 1.2 + 0.35 * h, amplitude, 220 + static_cast<std::uint32_t>(h));
+    }
+    const double metal[5] = {2.756, 5.404, 8.933, 13.34, 18.64};
+    for (int i = 0; i < 5; ++i) {
+        spectrum.cloud(spectrum.cyclesOf(lowC * metal[i]), 2.0, 0.10 / (1 + i * 0.4),
+                       280 + static_cast<std::uint32_t>(i));
+    }
+    return spectrum.render();
+}
+
+constexpr std::size_t leadLength = 1 << 16;
+constexpr double leadCycles = 512.0;
+
+// Seven saws spread over 24 cents.
+Samples lead() {
+    LoopSpectrum spectrum(leadLength);
+    for (int voice = -3; voice <= 3; ++voice) {
+        for (int h = 1; h < 40; ++h) {
+            const double hertz = middleC * h;
+            const double r = hertz / 4200.0;
+            const double amplitude = (1.0 - 0.13 * std::abs(voice)) / h / std::sqrt(1.0 + r * r * r * r);
+            spectrum.partial((leadCycles + voice * 1.2) * h, amplitude, random(231, voice * 64 + h + 400));
+        }
+    }
+    return spectrum.render();
+}
+
+Samples solo() {
+    constexpr std::size_t length = 1 << 15;
+    constexpr double cycles = 256.0;
+    Samples loop(length);
+    for (std::size_t i = 0; i < length; ++i) {
+        const double t = static_cast<double>(i) / static_cast<double>(length);
+        const double depth = 0.21 + 0.05 * cycleSine(3.0 * t);
+        loop[i] = cycleSine(cycles * t + depth * cycleSine(cycles * t)) +
+                  0.35 * cycleSine((cycles + 1.0) * t + 0.3 * cycleSine(3.0 * cycles * t)) +
+                  0.3 * cycleSine((2.0 * cycles - 1.0) * t);
+    }
+    return loop;
+}
+
+Samples glass() {
+    Samples sound = render(0.75, [](double t) {
+        const double depth = 0.51 * exponential(-t / 0.07) + 0.055;
+        return (cycleSine(middleC * t + depth * cycleSine(middleC * 2.0 * t) +
+                          0.064 * exponential(-t / 0.02) * cycleSine(middleC * 7.01 * t)) +
+                0.25 * cycleSine(middleC * 4.0 * t) * exponential(-t / 0.05)) *
+               exponential(-t / 0.20) * std::min(1.0, t / 0.001);
+    });
+    return withRoom(sound, 0.8, 0.22, 5000.0, 241);
+}
+
+Samples bell() {
+    Samples sound = render(1.9, [](double t) {
+        const double depth = 0.35 * exponential(-t / 0.5);
+        return (cycleSine(middleC * t + depth * cycleSine(middleC * 3.5 * t)) +
+                0.4 * cycleSine(middleC * 2.756 * t) * exponential(-t / 0.25) +
+                0.3 * cycleSine(middleC * 2.0 * t + 0.1 * cycleSine(middleC * 5.0 * t))) *
+               exponential(-t / 0.62) * std::min(1.0, t / 0.0015);
+    });
+    sound = withRoom(sound, 1.3, 0.30, 4200.0, 251);
+    fadeEnds(sound, 0.0, 0.5);
+    return sound;
+}
+
+Samples stab() {
+    Samples sound(sampleCount(0.5), 0.0);
+    for (int voice = -1; voice <= 1; ++voice) {
+        for (int h = 1; h < 32; ++h) {
+            const double hertz = middleC * (1.0 + 0.004 * voice) * h;
+            const double phase = random(261, voice * 40 + h + 100);
+            add(sound, render(0.5, [&](double t) {
+                    return cycleSine(hertz * t + phase) / h * exponential(-t * (5.0 + 0.55 * h));
+                }));
+        }
+    }
+    shapeWith(sound, 0.8);
+    fadeEnds(sound, 0.003, 0.05);
+    return withRoom(sound, 0.5, 0.3, 4000.0, 269);
+}
+
+// Presses the peaks of random phases down, which makes a sustained sound denser and a little warmer.
+Samples dense(Samples loop, double drive) {
+    normalise(loop, 1.0);
+    shapeWith(loop, drive);
+    return loop;
+}
+
+// Attack, level held, and release: ticks of about 18 milliseconds, 0 to 64, and loss per tick of 32768.
+XmInstrument withEnvelope(XmInstrument instrument, int attackTicks, int decayTicks, int holdLevel, int fadeOut) {
+    const int settled = attackTicks + decayTicks;
+    instrument.volumeEnvelope = {
+        {0, attackTicks > 1 ? 0 : 64}, {attackTicks, 64}, {settled, holdLevel}, {settled + 400, holdLevel}};
+    instrument.sustainPoint = 2;
+    instrument.fadeOut = fadeOut;
+    return instrument;
+}
+
+XmInstrument withVibrato(XmInstrument instrument, int depth, int rate, int sweep) {
+    instrument.vibratoDepth = depth;
+    instrument.vibratoRate = rate;
+    instrument.vibratoSweep = sweep;
+    return instrument;
+}
+
+XmInstrument pad(const char* name, std::uint32_t seed, int panning) {
+    constexpr std::size_t length = 1 << 16;
+    const Samples loop = dense(cloudPad(length, 38.0, padGain, 25, seed), 1.9);
+    return withEnvelope(seamless(name, loop, middleC, 0.85, panning), 8, 24, 58, 1100);
+}
+
+} // namespace
+
+XmInstrument tonal(Sound sound) {
+    constexpr std::size_t length = 1 << 16;
+    switch (sound) {
+    case Sound::sub:
+        return withEnvelope(seamless("sub", sub(), hertzOf(8, 4096), 0.55), 1, 30, 54, 4000);
+    case Sound::bass:
+        return withEnvelope(seamless("folded bass", foldedBass(), hertzOf(128, length), 0.7), 1, 14, 44, 4000);
+    case Sound::growl: {
+        XmInstrument low = oneShot("growl", growl(), 0.7);
+        low.relativeNote += 24; // the recipe plays two octaves below C-4
+        return low;
+    }
+    case Sound::padLeft:
+        return pad("petrol pad, left", 300, 16);
+    case Sound::padRight:
+        return pad("petrol pad, right", 340, 240);
+    case Sound::air:
+        return withEnvelope(seamless("air", dense(cloudPad(length, 22.0, airGain, 24, 380), 1.5), middleC, 0.6, 220),
+                            40, 24, 60, 500);
+    case Sound::choir: {
+        const Samples loop = dense(cloudPad(length, 30.0, choirGain, 14, 420), 1.6);
+        return withVibrato(withEnvelope(seamless("choir", loop, middleC, 0.85, 40), 18, 24, 60, 700), 3, 36, 40);
+    }
+    case Sound::drone:
+        return withEnvelope(halved(seamless("drone", dense(drone(), 1.7), lowC, 0.6)), 70, 24, 64, 300);
+    case Sound::lead: {
+        XmInstrument bright = seamless("ice lead", dense(lead(), 1.6), hertzOf(leadCycles, leadLength), 0.8);
+        return withVibrato(withEnvelope(std::move(bright), 1, 20, 46, 1600), 4, 40, 60);
+    }
+    case Sound::solo: {
+        XmInstrument soft = seamless("solo", solo(), hertzOf(256, 1 << 15), 0.75);
+        return withVibrato(withEnvelope(std::move(soft), 2, 24, 50, 1400), 6, 42, 45);
+    }
+    case Sound::glass:
+        return oneShot("glass", glass(), 0.85);
+    case Sound::bell:
+        return oneShot("bell", bell(), 0.8);
+    case Sound::stab:
+        return oneShot("stab", stab(), 0.85);
+    default:
+        throw std::logic_error("not a voice");
+    }
+}
+
+} // namespace lumenfold::art

@@ -1,71 +1,408 @@
 #include "assets/jpeg.h"
 
 #include "assets/file.h"
-#include "assets/jpeg_colour.h"
+#include "assets/jpeg_entropy.h"
 #include "assets/jpeg_kernels.h"
+#include "assets/jpeg_planes.h"
+#include "assets/jpeg_transform.h"
+#include "core/convert.h"
 #include "core/dynamic_error.h"
 
 #include <algorithm>
+#include <array>
+#include <stdexcept>
+#include <vector>
 
 namespace lumenfold {
 
 namespace {
 
-// What the bilinear sampling finds beside the part that counts is 0.
-void clearBorder(JpegComponent& component) {
-    for (int y = 0; y < component.height + 2; ++y) {
-        std::uint8_t* row = component.samples.data() + static_cast<std::size_t>(y) * component.stride;
-        std::fill(row + (y < component.height ? component.width : 0), row + component.width + 2, std::uint8_t{0});
+// Why a file cannot be decoded, without its name.
+class JpegError : public std::runtime_error {
+  public:
+    explicit JpegError(const std::string& reason) : std::runtime_error(reason) {}
+};
+
+struct JpegQuantisation {
+    bool defined = false;
+    std::array<std::uint16_t, 64> steps{}; // in zig-zag order, as in the file
+};
+
+struct JpegScanComponent {
+    std::size_t component; // index in the frame
+    int dcTable;
+    int acTable;
+    std::int32_t predictor;
+};
+
+// Decodes one file: tables, frame and scan headers (T.81, annex B), then the entropy-coded data (F.2.2). The data must
+// stay valid during construction only.
+class JpegDecoder {
+  public:
+    // Decodes all of it into component planes. Only a frame of width x height is accepted, and nothing is allocated
+    // for any other. Throws JpegError.
+    JpegDecoder(const std::uint8_t* data, std::size_t size, std::int32_t width, std::int32_t height)
+        : position(data), end(data + size), expectedWidth(width), expectedHeight(height) {
+        parse();
+    }
+
+    // Writes the picture; nothing when the file held none.
+    void convert(Pixel32* destination) { convertPlanes(frame, destination); }
+
+  private:
+    struct Segment {
+        const std::uint8_t* begin;
+        const std::uint8_t* end;
+    };
+
+    void parse();
+    void readMarker(std::uint8_t marker);
+    Segment takeSegment();
+    void readHuffmanTables(Segment segment);
+    void readQuantisationTables(Segment segment);
+    void readFrame(Segment segment);
+    void readScan(Segment segment);
+    void checkTables() const;
+    void decodeScan();
+    bool decodeUnit(JpegBitReader& reader, std::size_t unit);
+
+    const std::uint8_t* position;
+    const std::uint8_t* end;
+    std::int32_t expectedWidth;
+    std::int32_t expectedHeight;
+    bool done = false;               // no more segments: end marker, end of the data, or the scan is decoded
+    std::size_t restartInterval = 0; // minimum coded units between restart markers, 0: none
+    JpegFrame frame;
+    std::vector<JpegScanComponent> scan;
+    std::array<JpegQuantisation, 4> quantisation;
+    std::array<JpegHuffmanTable, 4> dcTables;
+    std::array<JpegHuffmanTable, 4> acTables;
+};
+
+std::string hexadecimal(std::uint8_t value) {
+    constexpr char digits[] = "0123456789ABCDEF";
+    return {digits[value >> 4], digits[value & 15]};
+}
+
+std::string sizeText(int width, int height) {
+    return std::to_string(width) + " x " + std::to_string(height);
+}
+
+int bigEndian16(const std::uint8_t* bytes) {
+    return bytes[0] << 8 | bytes[1];
+}
+
+// Names the coding process of a frame marker that is not decoded.
+std::string unsupportedFrame(std::uint8_t marker) {
+    if (marker >= 0xC9)
+        return "arithmetic coding is not supported";
+    if (marker == 0xC2)
+        return "progressive JPEG is not supported";
+    return "JPEG frame type FF" + hexadecimal(marker) + " is not supported";
+}
+
+// Room for whole coded units of size 8 x factor, and for the column or row of zeros behind the part that counts.
+std::size_t paddedSamples(std::size_t units, int factor) {
+    return units * static_cast<std::size_t>(factor) * 8 + 2;
+}
+
+// Black until the scan says otherwise: luminance and the fourth component 0, chrominance in its middle.
+constexpr std::array<std::uint8_t, 4> undecoded = {0, 128, 128, 0};
+
+// The file is one start marker and what follows it; any other beginning holds no picture.
+void JpegDecoder::parse() {
+    if (end - position < 2 || position[0] != 0xFF || position[1] != jpeg::startOfImage)
+        return;
+    while (!done) {
+        while (end - position >= 2 && !(position[0] == 0xFF && position[1] != 0xFF && position[1] != 0x00))
+            ++position; // bytes between segments, fill bytes among them
+        if (end - position < 2)
+            return;
+        const std::uint8_t marker = position[1];
+        position += 2;
+        readMarker(marker);
     }
 }
 
-// Sampling beyond the plane darkens the last column and row of a subsampled picture; they take their neighbours'
-// pixels, in any picture.
-void repairEdges(Pixel32* pixels, std::int32_t width, std::int32_t height) {
-    const auto rowLength = static_cast<std::size_t>(width);
-    Pixel32* lastRow = pixels + rowLength * static_cast<std::size_t>(height - 1);
-    if (height > 1)
-        std::copy_n(lastRow - rowLength, rowLength, lastRow);
-    if (width > 1)
-        for (Pixel32* row = pixels; row <= lastRow; row += rowLength)
-            row[rowLength - 1] = row[rowLength - 2];
+void JpegDecoder::readMarker(std::uint8_t marker) {
+    if (marker == jpeg::startOfImage)
+        restartInterval = 0;
+    if (marker == jpeg::endOfImage)
+        done = true;
+    if (!jpeg::hasSegment(marker))
+        return;
+    const Segment segment = takeSegment();
+    if (done)
+        return;
+    if (marker == jpeg::huffmanTables)
+        readHuffmanTables(segment);
+    else if (marker == jpeg::quantisationTables)
+        readQuantisationTables(segment);
+    else if (marker == jpeg::restartIntervalMarker && segment.end - segment.begin >= 2)
+        restartInterval = static_cast<std::size_t>(bigEndian16(segment.begin));
+    else if (marker == jpeg::baselineFrame || marker == jpeg::extendedFrame)
+        readFrame(segment);
+    else if (marker >= jpeg::baselineFrame && marker <= jpeg::lastFrame && marker != jpeg::arithmeticTables &&
+             marker != jpeg::extension)
+        throw JpegError(unsupportedFrame(marker));
+    else if (marker == jpeg::startOfScan)
+        readScan(segment);
 }
 
-} // namespace
-
-JpegDecoder::JpegDecoder(const std::uint8_t* data, std::size_t size, std::int32_t width, std::int32_t height)
-    : position(data), end(data + size), expectedWidth(width), expectedHeight(height) {
-    parse();
-    for (JpegComponent& component : frame.components)
-        clearBorder(component);
+// The parameters of the segment whose length stands at the position, which moves behind it. A segment that the file
+// does not hold whole ends the parsing.
+JpegDecoder::Segment JpegDecoder::takeSegment() {
+    const std::ptrdiff_t left = end - position;
+    const int length = left < 2 ? 2 : bigEndian16(position);
+    if (length < 2)
+        throw JpegError("segment shorter than its length field");
+    if (left < length) {
+        done = true;
+        return {end, end};
+    }
+    const Segment segment{position + 2, position + length};
+    position += length;
+    return segment;
 }
 
-bool JpegDecoder::convert(Pixel32* destination) const {
-    if (frame.components.empty())
+void JpegDecoder::readHuffmanTables(Segment segment) {
+    while (segment.begin != segment.end) {
+        if (segment.end - segment.begin < 17)
+            throw JpegError("Huffman table cut short");
+        const int tableClass = segment.begin[0] >> 4;
+        const int number = segment.begin[0] & 15;
+        const std::uint8_t* counts = segment.begin + 1;
+        int values = 0;
+        for (int i = 0; i < 16; ++i)
+            values += counts[i];
+        segment.begin += 17;
+        if (tableClass > 1 || number > 3)
+            throw JpegError("Huffman table with a number that does not exist");
+        if (segment.end - segment.begin < values)
+            throw JpegError("Huffman table cut short");
+        auto& tables = tableClass == 0 ? dcTables : acTables;
+        if (!tables[static_cast<std::size_t>(number)].build(counts, segment.begin))
+            throw JpegError("Huffman table that is not a code");
+        segment.begin += values;
+    }
+}
+
+void JpegDecoder::readQuantisationTables(Segment segment) {
+    while (segment.begin != segment.end) {
+        const int number = segment.begin[0] & 15;
+        const bool wide = (segment.begin[0] >> 4) != 0;
+        ++segment.begin;
+        // What calls itself 16-bit but has room for 8-bit steps only is taken as such.
+        const int bytes = wide && segment.end - segment.begin >= 128 ? 2 : 1;
+        if (number > 3)
+            throw JpegError("quantisation table with a number that does not exist");
+        if (segment.end - segment.begin < 64 * bytes)
+            throw JpegError("quantisation table cut short");
+        JpegQuantisation& table = quantisation[static_cast<std::size_t>(number)];
+        for (std::uint16_t& step : table.steps) {
+            step = static_cast<std::uint16_t>(bytes == 2 ? bigEndian16(segment.begin) : segment.begin[0]);
+            segment.begin += bytes;
+        }
+        table.defined = true;
+    }
+}
+
+void JpegDecoder::readFrame(Segment segment) {
+    if (frame.width != 0)
+        throw JpegError("more than one frame");
+    if (segment.end - segment.begin < 6)
+        throw JpegError("frame header cut short");
+    const std::uint8_t* fields = segment.begin;
+    const int precision = fields[0];
+    const int height = bigEndian16(fields + 1);
+    const int width = bigEndian16(fields + 3);
+    const std::size_t count = fields[5];
+    if (precision != 8)
+        throw JpegError(std::to_string(precision) + "-bit samples are not supported");
+    if (width != expectedWidth || height != expectedHeight || width == 0 || height == 0)
+        throw JpegError("the picture is " + sizeText(width, height) + " pixels, not " +
+                        sizeText(expectedWidth, expectedHeight));
+    if (count > 4)
+        throw JpegError("more than four components");
+    if (static_cast<std::size_t>(segment.end - fields) < 6 + 3 * count)
+        throw JpegError("frame header cut short");
+    frame.width = width;
+    frame.height = height;
+    frame.components.resize(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        JpegComponent& component = frame.components[i];
+        const std::uint8_t* entry = fields + 6 + 3 * i;
+        component.identifier = entry[0];
+        component.horizontal = entry[1] >> 4;
+        component.vertical = entry[1] & 15;
+        component.quantisation = entry[2];
+        if (component.horizontal < 1 || component.horizontal > 4 || component.vertical < 1 || component.vertical > 4)
+            throw JpegError("sampling factor outside 1 to 4");
+        if (component.quantisation > 3)
+            throw JpegError("quantisation table with a number that does not exist");
+        frame.horizontalMax = std::max(frame.horizontalMax, component.horizontal);
+        frame.verticalMax = std::max(frame.verticalMax, component.vertical);
+    }
+    const auto units = [](int samples, int factor) {
+        return static_cast<std::size_t>(((samples + 7) / 8 + factor - 1) / factor);
+    };
+    frame.unitsAcross = units(width, frame.horizontalMax);
+    frame.unitsDown = units(height, frame.verticalMax);
+    for (std::size_t i = 0; i < count; ++i) {
+        JpegComponent& component = frame.components[i];
+        component.width = component.horizontal * width / frame.horizontalMax;
+        component.height = component.vertical * height / frame.verticalMax;
+        component.stride = paddedSamples(frame.unitsAcross, component.horizontal);
+        component.samples.assign(component.stride * paddedSamples(frame.unitsDown, component.vertical), undecoded[i]);
+    }
+}
+
+void JpegDecoder::readScan(Segment segment) {
+    if (frame.components.empty()) { // nothing to decode into
+        done = true;
+        return;
+    }
+    const std::size_t count = segment.begin == segment.end ? 0 : segment.begin[0];
+    if (count != frame.components.size())
+        throw JpegError("scans that do not hold every component are not supported");
+    if (static_cast<std::size_t>(segment.end - segment.begin) < 1 + 2 * count)
+        throw JpegError("scan header cut short");
+    std::array<bool, 4> taken{};
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint8_t* entry = segment.begin + 1 + 2 * i;
+        const auto found = std::find_if(frame.components.begin(), frame.components.end(),
+                                        [&](const JpegComponent& c) { return c.identifier == entry[0]; });
+        const auto component = static_cast<std::size_t>(found - frame.components.begin());
+        if (found == frame.components.end() || taken[component])
+            throw JpegError("scan of components that the frame does not have");
+        taken[component] = true;
+        scan.push_back({component, entry[1] >> 4, entry[1] & 15, 0});
+    }
+    checkTables();
+    decodeScan();
+    done = true; // every component is there: nothing behind the scan belongs to the picture
+}
+
+void JpegDecoder::checkTables() const {
+    for (const JpegScanComponent& part : scan) {
+        if (part.dcTable > 3 || part.acTable > 3 || !dcTables[static_cast<std::size_t>(part.dcTable)].defined() ||
+            !acTables[static_cast<std::size_t>(part.acTable)].defined())
+            throw JpegError("Huffman table missing");
+        const int number = frame.components[part.component].quantisation;
+        if (!quantisation[static_cast<std::size_t>(number)].defined)
+            throw JpegError("quantisation table missing");
+    }
+}
+
+// Natural position of each coefficient in the order of the file (T.81, figure A.6).
+constexpr std::array<std::uint8_t, 64> zigzag = {0,  1,  8,  16, 9,  2,  3,  10, 17, 24, 32, 25, 18, 11, 4,  5,
+                                                 12, 19, 26, 33, 40, 48, 41, 34, 27, 20, 13, 6,  7,  14, 21, 28,
+                                                 35, 42, 49, 56, 57, 50, 43, 36, 29, 22, 15, 23, 30, 37, 44, 51,
+                                                 58, 59, 52, 45, 38, 31, 39, 46, 53, 60, 61, 54, 47, 55, 62, 63};
+
+constexpr int longestRun = 15; // with no value behind it: 16 zeros; any other run without one ends the block
+
+struct BlockTables {
+    const JpegHuffmanTable& dc;
+    const JpegHuffmanTable& ac;
+    const std::array<std::uint16_t, 64>& steps;
+};
+
+void setCoefficient(JpegBlock& block, std::size_t k, std::int32_t value, std::uint16_t step) {
+    block.coefficients[zigzag[k]] = wrapMul(value, step);
+}
+
+// Reads the coefficients of one block, which is all zeros; false when the data is no code.
+bool readCoefficients(JpegBitReader& reader, JpegBits& bits, const BlockTables& tables, std::int32_t& predictor,
+                      JpegBlock& block) {
+    using Symbol = JpegHuffmanTable::Symbol;
+    reader.refill(bits);
+    const Symbol first = tables.dc.find(bits);
+    if (first.codeLength == 0 || first.run != 0)
         return false;
-    const JpegKernels& kernels = jpegKernels();
-    const auto width = static_cast<std::size_t>(frame.width);
-    const std::vector<std::uint8_t> zeros(width, std::uint8_t{0});
-    const std::vector<std::uint8_t> middles(width, std::uint8_t{128});
-    const std::uint8_t* rows[4] = {zeros.data(), middles.data(), middles.data(), zeros.data()};
-    std::vector<JpegRowSampler> samplers;
-    samplers.reserve(frame.components.size());
-    for (const JpegComponent& component : frame.components)
-        samplers.emplace_back(frame, component);
-    for (int y = 0; y < frame.height; ++y) {
-        for (std::size_t c = 0; c < samplers.size(); ++c)
-            rows[c] = samplers[c].row(y);
-        kernels.convertRow(rows, destination + static_cast<std::size_t>(y) * width, width);
+    predictor = wrapAdd(predictor, bits.extended(first.codeLength, first.category));
+    bits.drop(first.length);
+    setCoefficient(block, 0, predictor, tables.steps[0]);
+    int count = 1;
+    for (std::size_t k = 1; k < 64; ++k) {
+        reader.refill(bits);
+        const Symbol symbol = tables.ac.find(bits);
+        const std::int32_t value = bits.extended(symbol.codeLength, symbol.category);
+        bits.drop(symbol.length);
+        k += symbol.run;
+        if (symbol.category == 0) {
+            if (symbol.codeLength == 0)
+                return false;
+            if (symbol.run != longestRun)
+                break;
+            continue;
+        }
+        if (k > 63)
+            break;
+        setCoefficient(block, k, value, tables.steps[k]);
+        ++count;
+    }
+    block.count = count;
+    return true;
+}
+
+bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t& predictor, JpegBlock& block) {
+    block.coefficients.fill(0);
+    JpegBits bits = reader.take();
+    const bool good = readCoefficients(reader, bits, tables, predictor, block);
+    reader.putBack(bits);
+    return good;
+}
+
+// Damage ends an interval early, and the scan where there are no intervals.
+void JpegDecoder::decodeScan() {
+    JpegBitReader reader(position, end, restartInterval != 0);
+    const std::size_t units = frame.unitsAcross * frame.unitsDown;
+    const std::size_t interval = restartInterval != 0 ? restartInterval : units;
+    for (std::size_t first = 0; first < units; first += interval) {
+        if (first != 0 && !reader.restart())
+            return;
+        for (JpegScanComponent& part : scan)
+            part.predictor = 0;
+        const std::size_t last = std::min(first + interval, units);
+        for (std::size_t unit = first; unit < last && decodeUnit(reader, unit); ++unit)
+            if (reader.pastEnd())
+                return;
+    }
+}
+
+// The blocks of one minimum coded unit; false when the data is no code. A single component has as many of them as its
+// sampling factors say, where T.81 (A.2.2) has one: grey pictures are to be written with factors 1 x 1.
+bool JpegDecoder::decodeUnit(JpegBitReader& reader, std::size_t unit) {
+    const auto transform = jpegKernels().transform;
+    const std::size_t unitRow = unit / frame.unitsAcross;
+    const std::size_t unitColumn = unit % frame.unitsAcross;
+    JpegBlock block;
+    for (JpegScanComponent& part : scan) {
+        JpegComponent& component = frame.components[part.component];
+        const BlockTables tables{dcTables[static_cast<std::size_t>(part.dcTable)],
+                                 acTables[static_cast<std::size_t>(part.acTable)],
+                                 quantisation[static_cast<std::size_t>(component.quantisation)].steps};
+        const auto across = static_cast<std::size_t>(component.horizontal);
+        const auto down = static_cast<std::size_t>(component.vertical);
+        for (std::size_t by = 0; by < down; ++by)
+            for (std::size_t bx = 0; bx < across; ++bx) {
+                if (!decodeBlock(reader, tables, part.predictor, block))
+                    return false;
+                const std::size_t row = (unitRow * down + by) * 8;
+                const std::size_t column = (unitColumn * across + bx) * 8;
+                transform(block, component.samples.data() + row * component.stride + column, component.stride);
+            }
     }
     return true;
 }
 
+} // namespace
+
 void decodeJpegFile(const std::uint8_t* data, std::size_t size, const std::string& fileName, Pixel32* destination,
                     FrameInfo target) {
     try {
-        const JpegDecoder decoder(data, size, target.width, target.height);
-        if (decoder.convert(destination))
-            repairEdges(destination, target.width, target.height);
+        JpegDecoder(data, size, target.width, target.height).convert(destination);
     } catch (const JpegError& error) {
         throw DynamicError(fileName + ": " + error.what());
     }

@@ -1,15 +1,11 @@
 #pragma once
 
-#include "assets/jpeg_frame.h"
-#include "assets/jpeg_huffman.h"
 #include "core/frame_info.h"
 #include "core/pixel.h"
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 // JPEG files (ITU-T T.81): sequential Huffman coding, 8-bit samples, one scan that holds every component, at most
 // four components, of which a single one has the sampling factors 1 x 1 (with others its blocks are not taken in T.81's
@@ -29,46 +25,5 @@ void readJpegFile(const char* fileName, Pixel32* destination, std::int32_t sourc
 // The same from a file that is in memory; fileName is for the messages.
 void decodeJpegFile(const std::uint8_t* data, std::size_t size, const std::string& fileName, Pixel32* destination,
                     FrameInfo target);
-
-// Decodes one file. The data must stay valid during construction only.
-class JpegDecoder {
-  public:
-    // Decodes all of it into component planes. Only a frame of width x height is accepted, and nothing is allocated
-    // for any other. Throws JpegError.
-    JpegDecoder(const std::uint8_t* data, std::size_t size, std::int32_t width, std::int32_t height);
-
-    // Writes the picture, width x height pixels (the fourth component in the top byte). Returns false and writes
-    // nothing when the file held no frame or the frame no component.
-    bool convert(Pixel32* destination) const;
-
-  private:
-    struct Segment {
-        const std::uint8_t* begin;
-        const std::uint8_t* end;
-    };
-
-    void parse();
-    void readMarker(std::uint8_t marker);
-    Segment takeSegment();
-    void readHuffmanTables(Segment segment);
-    void readQuantisationTables(Segment segment);
-    void readFrame(Segment segment);
-    void readScan(Segment segment);
-    void checkTables() const;
-    void decodeScan();
-    bool decodeUnit(JpegBitReader& reader, std::size_t unit);
-
-    const std::uint8_t* position;
-    const std::uint8_t* end;
-    std::int32_t expectedWidth;
-    std::int32_t expectedHeight;
-    bool done = false;               // no more segments: end marker, end of the data, or the scan is decoded
-    std::size_t restartInterval = 0; // minimum coded units between restart markers, 0: none
-    JpegFrame frame;
-    std::vector<JpegScanComponent> scan;
-    std::array<JpegQuantisation, 4> quantisation;
-    std::array<JpegHuffmanTable, 4> dcTables;
-    std::array<JpegHuffmanTable, 4> acTables;
-};
 
 } // namespace lumenfold

@@ -3,6 +3,7 @@
 #include "core/convert.h"
 #include "render/filler_affine.h"
 #include "render/filler_perspective.h"
+#include "render/line.h"
 
 #include <algorithm>
 #include <array>

@@ -14,7 +14,4 @@ void clipAndDrawFace(const MeshFace& face, FrameInfo info, Pixel32* target, floa
 // filler that its material's mode word selects. Faces without a material or texture draw nothing.
 void drawTriangle(const MeshFace& face, FrameInfo info, Pixel32* target, float depthBias);
 
-// A white line one pixel wide, both ends drawn, without depth; pixels outside the target's width x height are left out.
-void drawLine(int x0, int y0, int x1, int y1, Pixel32* target, int width, int height);
-
 } // namespace lumenfold

@@ -1,12 +1,11 @@
-#include "render/clip.h"
+#include "render/line.h"
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
-// Source: J. E. Bresenham, Algorithm for computer control of a digital plotter (1965). The error term after s steps
-// along the major axis is (major / 2 + s x minor) mod major, and the quotient is the number of minor steps taken, so
-// that the walk can begin at the first step inside the frame: ends may lie anywhere in the range of int.
+// The error term after s steps along the major axis is (major / 2 + s x minor) mod major, and the quotient is the
+// number of minor steps taken, so that the walk can begin at the first step inside the frame.
 
 namespace lumenfold {
 

@@ -2,6 +2,7 @@
 
 #include "clip_reference.h"
 #include "filler_scene.h"
+#include "render/line.h"
 
 #include <gtest/gtest.h>
 

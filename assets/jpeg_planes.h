@@ -1,24 +1,14 @@
 #pragma once
 
-#include <array>
+#include "core/pixel.h"
+
 #include <cstddef>
 #include <cstdint>
-#include <stdexcept>
-#include <string>
 #include <vector>
 
+// The decoded components of a picture, and how they become pixels.
+
 namespace lumenfold {
-
-// Why a file cannot be decoded, without its name.
-class JpegError : public std::runtime_error {
-  public:
-    explicit JpegError(const std::string& reason) : std::runtime_error(reason) {}
-};
-
-struct JpegQuantisation {
-    bool defined = false;
-    std::array<std::uint16_t, 64> steps{}; // in zig-zag order, as in the file
-};
 
 // One component's samples. The part that counts is width x height samples at the top left; the plane is stored with
 // whole coded units and with a column and a row more on the right and below, which are 0: the bilinear sampling
@@ -46,11 +36,9 @@ struct JpegFrame {
     std::vector<JpegComponent> components;
 };
 
-struct JpegScanComponent {
-    std::size_t component; // index in the frame
-    int dcTable;
-    int acTable;
-    std::int32_t predictor;
-};
+// Writes the picture, frame.width x frame.height pixels, the fourth component in the top byte. The last column and row
+// are copies of their neighbours. Writes nothing when the frame has no component. Clears what lies in the planes beside
+// the part that counts.
+void convertPlanes(JpegFrame& frame, Pixel32* destination);
 
 } // namespace lumenfold

@@ -1,7 +1,6 @@
 // The decoder's inner loops in 256-bit vectors. They keep the order of the plain forms' additions and leave the last
 // samples of a row to them.
 
-#include "assets/jpeg_colour.h"
 #include "assets/jpeg_kernels.h"
 #include "assets/jpeg_transform.h"
 

@@ -9,31 +9,45 @@
 
 namespace lumenfold::test {
 
-// A text file of this folder with one line per moment: its name, and the hash of its picture as `lumenfold-film --hash`
-// prints it.
+// Some film, and how lumenfold-film makes the same one.
+struct Footage {
+    std::string name;                   // "twinTunnel", "show"
+    std::vector<std::string> arguments; // without range and output
+    std::int32_t fps;
+};
+
+// The hash of every frame of some films, kept in a binary file of this folder. For each film: its name and the number
+// of its frames, each ended by a newline, then four bytes a frame, the lowest first.
 class GoldenFile {
   public:
-    // Set by --update: the files are written anew instead of compared.
+    // Set by --update: the file is written anew instead of compared.
     static bool updating;
+    // Set by --against: the revision that a different frame is compared with; empty: none.
+    static std::string against;
 
     explicit GoldenFile(const std::string& name);
 
-    // Compares the picture with its line. Where they differ the test fails with the line ready to paste, and the
-    // picture is written to the build folder.
-    void check(const std::string& moment, const film::Frame& frame);
+    // Compares the next frame of the film. Writes the picture of the first one that differs to the build folder.
+    void check(const Footage& footage, const film::Frame& frame, const std::string& moment);
 
-    // The same for a hash over many pictures.
-    void check(const std::string& moment, std::uint64_t hash);
+    // The film is over. If it differs the test fails with the first frame that does, and the number of those that do.
+    void endFilm(const Footage& footage);
 
-    // The test is over: lines that no moment has asked for are a failure too; with --update the file is written.
+    // The test is over: films that were never shown are a failure too; with --update the file is written.
     void finish();
 
   private:
-    bool matches(const std::string& moment, std::uint64_t hash);
+    struct Difference {
+        std::int64_t frame = 0;
+        std::int64_t count = 0; // of different frames
+        std::string moment;
+        std::string picture;
+    };
 
     std::string path;
-    std::map<std::string, std::string> expected; // moments, their hashes
-    std::vector<std::string> lines;              // as they are now
+    std::map<std::string, std::vector<std::uint32_t>> expected; // films, their hashes
+    std::map<std::string, std::vector<std::uint32_t>> seen;
+    std::map<std::string, Difference> differences;
 };
 
 } // namespace lumenfold::test

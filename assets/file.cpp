@@ -1,10 +1,12 @@
 #include "assets/file.h"
 
-#include "core/dynamic_error.h"
-
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 namespace lumenfold {
 
@@ -39,8 +41,22 @@ std::optional<std::vector<std::uint8_t>> readFile(const char* fileName, std::siz
 std::vector<std::uint8_t> requireFile(const char* fileName, std::size_t limit) {
     std::optional<std::vector<std::uint8_t>> data = readFile(fileName, limit);
     if (!data)
-        throw DynamicError(fileName);
+        throw FileError(fileName, errno);
     return std::move(*data);
+}
+
+std::string unreadableText(const std::string& fileName, int reason) {
+    const bool missing = reason == ENOENT;
+    std::string text = missing ? "not found" : "cannot be read";
+    if (std::filesystem::path(fileName).is_relative()) {
+        std::error_code error;
+        const std::filesystem::path folder = std::filesystem::current_path(error);
+        if (error)
+            return text + ": the working directory " +
+                   (error == std::errc::no_such_file_or_directory ? "has been deleted" : "is not accessible");
+        text += " in " + folder.string();
+    }
+    return missing ? text : text + ": " + std::strerror(reason);
 }
 
 } // namespace lumenfold

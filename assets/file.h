@@ -1,8 +1,11 @@
 #pragma once
 
+#include "core/dynamic_error.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace lumenfold {
@@ -10,10 +13,26 @@ namespace lumenfold {
 // No file of the show comes near this; what a longer file holds behind it is not read.
 inline constexpr std::size_t longestFile = std::size_t{64} << 20;
 
-// The first bytes of a file, at most limit of them, read in one go; nothing when the file cannot be opened.
+// A file that cannot be read. The message is the file name alone.
+class FileError : public DynamicError {
+  public:
+    FileError(const std::string& fileName, int theReason) : DynamicError(fileName), reason(theReason) {}
+    const int reason; // errno of the attempt
+};
+
+// The first bytes of a file, at most limit of them, read in one go; nothing, with the reason in errno, when the file
+// cannot be opened.
 std::optional<std::vector<std::uint8_t>> readFile(const char* fileName, std::size_t limit = longestFile);
 
-// The same for files that the demo cannot do without: throws DynamicError with the file name as its message.
+// The same for files that the demo cannot do without: throws FileError.
 std::vector<std::uint8_t> requireFile(const char* fileName, std::size_t limit = longestFile);
+
+inline int littleEndian16(const std::uint8_t* bytes) {
+    return bytes[0] | bytes[1] << 8;
+}
+
+// Why a file was not read, for the user: "not found in FOLDER", "cannot be read in FOLDER: Permission denied". reason:
+// the errno of the attempt.
+std::string unreadableText(const std::string& fileName, int reason);
 
 } // namespace lumenfold

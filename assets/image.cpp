@@ -1,6 +1,7 @@
 #include "assets/image.h"
 
 #include "assets/jpeg.h"
+#include "assets/notice.h"
 #include "assets/pcx.h"
 #include "assets/tga.h"
 #include "core/dynamic_error.h"
@@ -36,6 +37,8 @@ std::int32_t loadImage(const char* fileName, Pixel32* destination, std::int32_t 
         readPcx(fileName, destination, sourceWidth, sourceHeight, target, resample);
     else if (equalIgnoringCase(extension, "jpg"))
         readJpegFile(fileName, destination, sourceWidth, sourceHeight, target, resample);
+    else
+        notice(fileName, "the name ends in none of jpg, pcx and tga; nothing is drawn");
     return 1;
 }
 

@@ -5,6 +5,7 @@
 #include "assets/jpeg_kernels.h"
 #include "assets/jpeg_planes.h"
 #include "assets/jpeg_transform.h"
+#include "assets/notice.h"
 #include "core/convert.h"
 #include "core/dynamic_error.h"
 
@@ -30,9 +31,11 @@ struct JpegQuantisation {
 
 struct JpegScanComponent {
     std::size_t component; // index in the frame
-    int dcTable;
-    int acTable;
-    std::int32_t predictor;
+    std::size_t dcTable;
+    std::size_t acTable;
+    std::size_t blocksAcross = 1; // in a coded unit
+    std::size_t blocksDown = 1;
+    std::int32_t predictor = 0;
 };
 
 // Decodes one file: tables, frame and scan headers (T.81, annex B), then the entropy-coded data (F.2.2). The data must
@@ -49,6 +52,9 @@ class JpegDecoder {
     // Writes the picture; nothing when the file held none.
     void convert(Pixel32* destination) { convertPlanes(frame, destination); }
 
+    // What the picture lacks, empty when it is whole.
+    std::string remark() const;
+
   private:
     struct Segment {
         const std::uint8_t* begin;
@@ -62,18 +68,27 @@ class JpegDecoder {
     void readQuantisationTables(Segment segment);
     void readFrame(Segment segment);
     void readScan(Segment segment);
-    void checkTables() const;
-    void decodeScan();
+    std::size_t takeComponent(std::uint8_t identifier);
+    void layOutUnits();
+    void requireTables();
+    const std::uint8_t* nextSegment() const;
+    void decodeScan(const std::uint8_t* dataEnd);
     bool decodeUnit(JpegBitReader& reader, std::size_t unit);
 
     const std::uint8_t* position;
     const std::uint8_t* end;
     std::int32_t expectedWidth;
     std::int32_t expectedHeight;
-    bool done = false;               // no more segments: end marker, end of the data, or the scan is decoded
+    bool done = false;               // no more segments: end marker, end of the data, or every component is decoded
+    bool cutShort = false;           // the data of a scan ended early
+    bool damaged = false;            // the data of a scan held bits that are no code
     std::size_t restartInterval = 0; // minimum coded units between restart markers, 0: none
     JpegFrame frame;
+    std::array<bool, 4> scanned{}; // by component of the frame: it has had its scan
+    std::size_t scannedCount = 0;
     std::vector<JpegScanComponent> scan;
+    std::size_t unitsAcross = 0; // of the scan
+    std::size_t unitsDown = 0;
     std::array<JpegQuantisation, 4> quantisation;
     std::array<JpegHuffmanTable, 4> dcTables;
     std::array<JpegHuffmanTable, 4> acTables;
@@ -82,10 +97,6 @@ class JpegDecoder {
 std::string hexadecimal(std::uint8_t value) {
     constexpr char digits[] = "0123456789ABCDEF";
     return {digits[value >> 4], digits[value & 15]};
-}
-
-std::string sizeText(int width, int height) {
-    return std::to_string(width) + " x " + std::to_string(height);
 }
 
 int bigEndian16(const std::uint8_t* bytes) {
@@ -220,8 +231,7 @@ void JpegDecoder::readFrame(Segment segment) {
     if (precision != 8)
         throw JpegError(std::to_string(precision) + "-bit samples are not supported");
     if (width != expectedWidth || height != expectedHeight || width == 0 || height == 0)
-        throw JpegError("the picture is " + sizeText(width, height) + " pixels, not " +
-                        sizeText(expectedWidth, expectedHeight));
+        throw JpegError(otherSizeText(width, height, expectedWidth, expectedHeight));
     if (count > 4)
         throw JpegError("more than four components");
     if (static_cast<std::size_t>(segment.end - fields) < 6 + 3 * count)
@@ -263,35 +273,84 @@ void JpegDecoder::readScan(Segment segment) {
         return;
     }
     const std::size_t count = segment.begin == segment.end ? 0 : segment.begin[0];
-    if (count != frame.components.size())
-        throw JpegError("scans that do not hold every component are not supported");
+    if (count == 0 || count > frame.components.size())
+        throw JpegError("scan of components that the frame does not have");
     if (static_cast<std::size_t>(segment.end - segment.begin) < 1 + 2 * count)
         throw JpegError("scan header cut short");
-    std::array<bool, 4> taken{};
+    scan.clear();
     for (std::size_t i = 0; i < count; ++i) {
         const std::uint8_t* entry = segment.begin + 1 + 2 * i;
-        const auto found = std::find_if(frame.components.begin(), frame.components.end(),
-                                        [&](const JpegComponent& c) { return c.identifier == entry[0]; });
-        const auto component = static_cast<std::size_t>(found - frame.components.begin());
-        if (found == frame.components.end() || taken[component])
-            throw JpegError("scan of components that the frame does not have");
-        taken[component] = true;
-        scan.push_back({component, entry[1] >> 4, entry[1] & 15, 0});
+        scan.push_back({.component = takeComponent(entry[0]),
+                        .dcTable = static_cast<std::size_t>(entry[1] >> 4),
+                        .acTable = static_cast<std::size_t>(entry[1] & 15)});
     }
-    checkTables();
-    decodeScan();
-    done = true; // every component is there: nothing behind the scan belongs to the picture
+    layOutUnits();
+    requireTables();
+    if (count == frame.components.size()) {
+        decodeScan(end); // markers within the data are passed over
+    } else {
+        const std::uint8_t* next = nextSegment();
+        decodeScan(next);
+        position = next;
+    }
+    done = scannedCount == frame.components.size(); // nothing after the last scan belongs to the picture
 }
 
-void JpegDecoder::checkTables() const {
-    for (const JpegScanComponent& part : scan) {
-        if (part.dcTable > 3 || part.acTable > 3 || !dcTables[static_cast<std::size_t>(part.dcTable)].defined() ||
-            !acTables[static_cast<std::size_t>(part.acTable)].defined())
+// The first component of that number which has had no scan: some files give all components the same number.
+std::size_t JpegDecoder::takeComponent(std::uint8_t identifier) {
+    for (std::size_t c = 0; c < frame.components.size(); ++c)
+        if (frame.components[c].identifier == identifier && !scanned[c]) {
+            scanned[c] = true;
+            ++scannedCount;
+            return c;
+        }
+    throw JpegError("scan of components that the frame does not have");
+}
+
+// T.81, A.2: one component of several has a block to the unit and only as many as its samples need. That a picture's
+// only component would be coded so too is not followed: grey pictures are to be written with factors 1 x 1.
+void JpegDecoder::layOutUnits() {
+    if (scan.size() == 1 && frame.components.size() > 1) {
+        const JpegComponent& component = frame.components[scan[0].component];
+        const auto blocks = [](int size, int factor, int largest) {
+            const int samples = (size * factor + largest - 1) / largest;
+            return static_cast<std::size_t>((samples + 7) / 8);
+        };
+        unitsAcross = blocks(frame.width, component.horizontal, frame.horizontalMax);
+        unitsDown = blocks(frame.height, component.vertical, frame.verticalMax);
+        return;
+    }
+    unitsAcross = frame.unitsAcross;
+    unitsDown = frame.unitsDown;
+    for (JpegScanComponent& part : scan) {
+        part.blocksAcross = static_cast<std::size_t>(frame.components[part.component].horizontal);
+        part.blocksDown = static_cast<std::size_t>(frame.components[part.component].vertical);
+    }
+}
+
+// Files without Huffman tables, such as the pictures of a motion JPEG, mean the standard ones.
+void JpegDecoder::requireTables() {
+    const auto require = [](std::array<JpegHuffmanTable, 4>& tables, std::size_t number, bool ac) {
+        if (number < 2 && !tables[number].defined())
+            tables[number].buildStandard(ac, number == 1);
+        if (number > 3 || !tables[number].defined())
             throw JpegError("Huffman table missing");
+    };
+    for (const JpegScanComponent& part : scan) {
+        require(dcTables, part.dcTable, false);
+        require(acTables, part.acTable, true);
         const int number = frame.components[part.component].quantisation;
         if (!quantisation[static_cast<std::size_t>(number)].defined)
             throw JpegError("quantisation table missing");
     }
+}
+
+// Where the data that begins at the position ends: at the next marker other than a restart.
+const std::uint8_t* JpegDecoder::nextSegment() const {
+    for (const std::uint8_t* next = position; end - next >= 2; ++next)
+        if (next[0] == 0xFF && next[1] != 0x00 && next[1] != 0xFF && !jpeg::isRestart(next[1]))
+            return next;
+    return end;
 }
 
 // Natural position of each coefficient in the order of the file (T.81, figure A.6).
@@ -355,54 +414,73 @@ bool decodeBlock(JpegBitReader& reader, const BlockTables& tables, std::int32_t&
 }
 
 // Damage ends an interval early, and the scan where there are no intervals.
-void JpegDecoder::decodeScan() {
-    JpegBitReader reader(position, end, restartInterval != 0);
-    const std::size_t units = frame.unitsAcross * frame.unitsDown;
-    const std::size_t interval = restartInterval != 0 ? restartInterval : units;
+void JpegDecoder::decodeScan(const std::uint8_t* dataEnd) {
+    // Programs that rewrite the data may leave the interval in the header without a single restart marker.
+    const bool restarts = restartInterval != 0 && JpegBitReader(position, dataEnd, true).restart();
+    JpegBitReader reader(position, dataEnd, restarts);
+    const std::size_t units = unitsAcross * unitsDown;
+    const std::size_t interval = restarts ? restartInterval : units;
     for (std::size_t first = 0; first < units; first += interval) {
-        if (first != 0 && !reader.restart())
+        if (first != 0 && !reader.restart()) {
+            cutShort = true;
             return;
+        }
         for (JpegScanComponent& part : scan)
             part.predictor = 0;
         const std::size_t last = std::min(first + interval, units);
-        for (std::size_t unit = first; unit < last && decodeUnit(reader, unit); ++unit)
-            if (reader.pastEnd())
+        for (std::size_t unit = first; unit < last; ++unit) {
+            if (!decodeUnit(reader, unit)) {
+                damaged = true;
+                break;
+            }
+            if (reader.pastEnd()) {
+                cutShort = true;
                 return;
+            }
+        }
     }
 }
 
-// The blocks of one minimum coded unit; false when the data is no code. A single component has as many of them as its
-// sampling factors say, where T.81 (A.2.2) has one: grey pictures are to be written with factors 1 x 1.
+// The blocks of one minimum coded unit; false when the data is no code.
 bool JpegDecoder::decodeUnit(JpegBitReader& reader, std::size_t unit) {
     const auto transform = jpegKernels().transform;
-    const std::size_t unitRow = unit / frame.unitsAcross;
-    const std::size_t unitColumn = unit % frame.unitsAcross;
+    const std::size_t unitRow = unit / unitsAcross;
+    const std::size_t unitColumn = unit % unitsAcross;
     JpegBlock block;
     for (JpegScanComponent& part : scan) {
         JpegComponent& component = frame.components[part.component];
-        const BlockTables tables{dcTables[static_cast<std::size_t>(part.dcTable)],
-                                 acTables[static_cast<std::size_t>(part.acTable)],
+        const BlockTables tables{dcTables[part.dcTable], acTables[part.acTable],
                                  quantisation[static_cast<std::size_t>(component.quantisation)].steps};
-        const auto across = static_cast<std::size_t>(component.horizontal);
-        const auto down = static_cast<std::size_t>(component.vertical);
-        for (std::size_t by = 0; by < down; ++by)
-            for (std::size_t bx = 0; bx < across; ++bx) {
+        for (std::size_t by = 0; by < part.blocksDown; ++by)
+            for (std::size_t bx = 0; bx < part.blocksAcross; ++bx) {
                 if (!decodeBlock(reader, tables, part.predictor, block))
                     return false;
-                const std::size_t row = (unitRow * down + by) * 8;
-                const std::size_t column = (unitColumn * across + bx) * 8;
+                const std::size_t row = (unitRow * part.blocksDown + by) * 8;
+                const std::size_t column = (unitColumn * part.blocksAcross + bx) * 8;
                 transform(block, component.samples.data() + row * component.stride + column, component.stride);
             }
     }
     return true;
 }
 
+std::string JpegDecoder::remark() const {
+    if (frame.components.empty())
+        return "no picture in this JPEG file; nothing is drawn";
+    if (damaged)
+        return "the data is damaged; parts of the picture are missing";
+    if (cutShort || scannedCount < frame.components.size())
+        return "the file ends early; the rest of the picture is missing";
+    return "";
+}
+
 } // namespace
 
-void decodeJpegFile(const std::uint8_t* data, std::size_t size, const std::string& fileName, Pixel32* destination,
-                    FrameInfo target) {
+std::string decodeJpegFile(const std::uint8_t* data, std::size_t size, const std::string& fileName,
+                           Pixel32* destination, FrameInfo target) {
     try {
-        JpegDecoder(data, size, target.width, target.height).convert(destination);
+        JpegDecoder decoder(data, size, target.width, target.height);
+        decoder.convert(destination);
+        return decoder.remark();
     } catch (const JpegError& error) {
         throw DynamicError(fileName + ": " + error.what());
     }
@@ -411,7 +489,9 @@ void decodeJpegFile(const std::uint8_t* data, std::size_t size, const std::strin
 void readJpegFile(const char* fileName, Pixel32* destination, std::int32_t, std::int32_t, FrameInfo target,
                   std::int32_t) {
     const std::vector<std::uint8_t> file = requireFile(fileName);
-    decodeJpegFile(file.data(), file.size(), fileName, destination, target);
+    const std::string remark = decodeJpegFile(file.data(), file.size(), fileName, destination, target);
+    const std::string foreign = foreignText("JPEG", file.data(), file.size());
+    notice(fileName, foreign.empty() ? remark : foreign + "; nothing is drawn");
 }
 
 } // namespace lumenfold

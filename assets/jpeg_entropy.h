@@ -127,6 +127,9 @@ class JpegHuffmanTable {
     // False when the lengths do not form a code.
     bool build(const std::uint8_t* counts, const std::uint8_t* values);
 
+    // The table that T.81 (K.3) offers for luminance or chrominance.
+    void buildStandard(bool ac, bool chrominance);
+
     bool defined() const { return built; }
 
     // The next code, which stays in the bits; at least 16 must be available.

@@ -3,10 +3,12 @@
 #include "assets/big_endian.h"
 #include "assets/file.h"
 #include "assets/lightwave_surface.h"
+#include "assets/notice.h"
 #include "assets/planar_coordinates.h"
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <iostream>
 #include <unordered_map>
 
@@ -38,26 +40,49 @@ class ObjectReader {
         bindSurfaces();
     }
 
+    // What keeps faces of the object from being drawn, empty when nothing does.
+    std::string fault() const {
+        const std::size_t lost = triangles.size() - mesh.faces.size();
+        if (!foreign.empty())
+            return foreign;
+        if (polygons == 0)
+            return cutShort ? "the file ends before the object's faces" : "an object without faces";
+        if (triangles.empty())
+            return "an object without triangles; other faces are not read";
+        if (polygons > triangles.size())
+            return "faces that are not triangles are left out: " + countText(polygons - triangles.size());
+        if (lost > 0)
+            return "faces that lack a point are left out: " + countText(lost);
+        return cutShort ? "the file ends early; what is missing is not drawn" : "";
+    }
+
   private:
+    std::string countText(std::size_t faces) const { return std::to_string(faces) + " of " + std::to_string(polygons); }
+
     // Whether this is a LightWave object.
     bool readForm() {
         const std::string container = file.readIdentifier();
         out << "length of file : " << file.readU32() << " bytes \n";
-        if (container != "FORM")
-            return tellForeign(container);
+        if (container != "FORM") {
+            tellForeign(container);
+            return false;
+        }
         out << "found FORM chunk.. \n";
         const std::string type = file.readIdentifier();
-        if (type != "LWOB")
-            return tellForeign(type);
+        if (type != "LWOB") {
+            tellForeign(type);
+            foreign = type.compare(0, 2, "LW") == 0 ? "a LightWave file of type " + type + "; only type LWOB is read"
+                                                    : "not a LightWave object";
+            return false;
+        }
         out << "found LWOB specifier.. \n";
         return true;
     }
 
-    bool tellForeign(const std::string& identifier) {
+    void tellForeign(const std::string& identifier) {
         out << "\n This is NOT an .lwo file, you retarded asshole!!!  \n"
             << "this is a " << identifier << " file "
             << "\n";
-        return false;
     }
 
     // Whether the reading goes on.
@@ -66,6 +91,7 @@ class ObjectReader {
         const std::uint32_t length = file.readU32();
         if (length > file.remaining()) {
             out << "chunk " << identifier << " is longer than the file, skipped \n";
+            cutShort = true;
             return false;
         }
         const BigEndianReader chunk = file.take(length);
@@ -141,9 +167,11 @@ class ObjectReader {
         out << "found POLS chunk....\n"
             << "length of chunk: " << chunk.remaining() << " bytes \n \n";
         triangles.clear();
+        polygons = 0;
         triangles.reserve(chunk.remaining() / triangleSize);
         while (chunk.remaining() > 0) {
             const std::size_t corners = chunk.readU16();
+            ++polygons;
             if (corners != 3)
                 out << "fucked up object!! non-triangle faces!!! \n"
                     << "face has " << corners << " vertices!! \n";
@@ -238,6 +266,9 @@ class ObjectReader {
     std::uint32_t modeBits;
     std::ostream& out;
     std::vector<Triangle> triangles;
+    std::size_t polygons = 0; // triangles and others
+    std::string foreign;      // why the file is no object of the type that is read
+    bool cutShort = false;
     std::unordered_map<std::string, std::int32_t> surfaceNumbers; // by name, zero-based
 };
 
@@ -249,20 +280,24 @@ void setIdentity(Matrix& matrix) {
 
 } // namespace
 
-void readLightWaveObject(const std::uint8_t* bytes, std::size_t size, Mesh& mesh, std::uint32_t modeBits,
-                         std::ostream& commentary) {
+std::string readLightWaveObject(const std::uint8_t* bytes, std::size_t size, Mesh& mesh, std::uint32_t modeBits,
+                                std::ostream& commentary) {
     setIdentity(mesh.orientation);
-    ObjectReader(BigEndianReader(bytes, size), mesh, modeBits, commentary).read();
+    ObjectReader reader(BigEndianReader(bytes, size), mesh, modeBits, commentary);
+    reader.read();
+    const std::string foreign = foreignText("LightWave", bytes, size);
+    return foreign.empty() ? reader.fault() : foreign;
 }
 
 void readLightWaveObject(const char* fileName, Mesh& mesh, std::uint32_t modeBits) {
     setIdentity(mesh.orientation);
     const std::optional<std::vector<std::uint8_t>> bytes = readFile(fileName);
     if (!bytes) {
+        notice(fileName, unreadableText(fileName, errno) + "; nothing is drawn in its place");
         std::cout << "\n  file not found!!!!! \n";
         return;
     }
-    readLightWaveObject(bytes->data(), bytes->size(), mesh, modeBits, std::cout);
+    notice(fileName, readLightWaveObject(bytes->data(), bytes->size(), mesh, modeBits, std::cout));
 }
 
 } // namespace lumenfold

@@ -1,10 +1,12 @@
 #include "assets/pcx.h"
 
 #include "assets/file.h"
+#include "assets/notice.h"
 #include "core/convert.h"
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 #include <vector>
 
 namespace lumenfold {
@@ -68,12 +70,50 @@ void scale(const PlaneLines& picture, Pixel32* destination, FrameInfo target) {
             *destination++ = picture.pixel(source(x, stepX, picture.width), source(y, stepY, picture.height));
 }
 
+int widthOf(const std::uint8_t* header) {
+    return littleEndian16(header + 8) - littleEndian16(header + 4) + 1;
+}
+
+int heightOf(const std::uint8_t* header) {
+    return littleEndian16(header + 10) - littleEndian16(header + 6) + 1;
+}
+
+// What the header says that the reader does not follow.
+std::string headerFault(const std::uint8_t* header) {
+    const int bits = header[3];
+    const int planes = header[65];
+    const int width = widthOf(header);
+    const int lineBytes = littleEndian16(header + 66);
+    if (header[2] != 1)
+        return "a PCX file without run-length coding";
+    if (bits != 8 || planes != 3)
+        return "a PCX file with " + std::to_string(bits * planes) + " bits a pixel";
+    if (lineBytes != width)
+        return "a PCX file with padded lines (" + std::to_string(lineBytes) + " bytes for " + std::to_string(width) +
+               " pixels)";
+    return "";
+}
+
+std::string faultOf(const std::vector<std::uint8_t>& file, int width, int height, bool drawn) {
+    std::string fault = foreignText("PCX", file.data(), file.size());
+    if (fault.empty() && file.size() >= headerSize)
+        fault = headerFault(file.data());
+    if (!fault.empty())
+        return fault + "; only run-length coded 24-bit PCX without padding is drawn as it is meant";
+    if (file.size() >= headerSize && (widthOf(file.data()) != width || heightOf(file.data()) != height))
+        return otherSizeText(widthOf(file.data()), heightOf(file.data()), width, height);
+    return drawn ? "" : "the file ends before the picture does; nothing is drawn";
+}
+
 } // namespace
 
 std::int32_t readPcx(const char* fileName, Pixel32* destination, std::int32_t sourceWidth, std::int32_t sourceHeight,
                      FrameInfo target, std::int32_t resample) {
     const std::vector<std::uint8_t> file = requireFile(fileName);
-    return decodePcx(file.data(), file.size(), destination, sourceWidth, sourceHeight, target, resample);
+    const std::int32_t status =
+        decodePcx(file.data(), file.size(), destination, sourceWidth, sourceHeight, target, resample);
+    notice(fileName, faultOf(file, sourceWidth, sourceHeight, status == 0));
+    return status;
 }
 
 std::int32_t decodePcx(const std::uint8_t* data, std::size_t size, Pixel32* destination, std::int32_t sourceWidth,

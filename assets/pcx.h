@@ -6,8 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 
-// ZSoft PCX, the 24-bit run-length encoded kind: 128 bytes of header (not looked at, the caller knows the size), then
-// for every row three plane lines red, green, blue of exactly the picture's width, without a padding byte.
+// ZSoft PCX, the 24-bit run-length encoded kind: 128 bytes of header (the caller knows the size; one that says
+// something else gives a notice), then for every row three plane lines red, green, blue of exactly the picture's width,
+// without a padding byte.
 
 namespace lumenfold {
 

@@ -6,8 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 
-// Truevision TGA, the uncompressed 24-bit kind: 18 bytes of header (not looked at, the caller knows the size), then
-// rows of blue, green, red bytes without padding, bottom row first. No identification field, no colour map.
+// Truevision TGA, the uncompressed 24-bit kind: 18 bytes of header (the caller knows the size; one that says something
+// else gives a notice), then rows of blue, green, red bytes without padding, bottom row first. No identification field,
+// no colour map.
 
 namespace lumenfold {
 

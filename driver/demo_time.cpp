@@ -2,14 +2,10 @@
 
 #include "driver/extended.h"
 
-#include <cassert>
-
 namespace lumenfold {
 
 DemoTime::DemoTime(std::int64_t frequency)
-    : invFrequency(Extended::reciprocal(static_cast<std::uint64_t>(frequency)).toFloat()) {
-    assert(frequency > 0);
-}
+    : invFrequency(Extended::reciprocal(static_cast<std::uint64_t>(frequency)).toFloat()) {}
 
 std::uint32_t DemoTime::timeUnits(std::int64_t counter) const {
     const Extended seconds =

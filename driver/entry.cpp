@@ -3,12 +3,12 @@
 
 namespace lumenfold {
 
-std::int32_t enterProgram(const SceneTable& scenes) {
+std::int32_t enterProgram() {
     Display display;
     programDisplay = &display;
     std::int32_t status = 0;
     try {
-        run(scenes);
+        run();
     } catch (const DynamicError& error) {
         ptc::report(error);
     } catch (const MusicFailure& failure) {

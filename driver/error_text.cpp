@@ -1,19 +1,13 @@
 #include "driver/error_text.h"
 
-#include <filesystem>
-#include <system_error>
+#include "assets/file.h"
 
 namespace lumenfold {
 
 std::string errorText(const DynamicError& error) {
-    std::string message = error.what();
-    std::error_code ignored;
-    const bool fileName = !message.empty() && message.find_first_of(" :") == std::string::npos;
-    if (!fileName)
-        return message;
-    const bool exists = std::filesystem::exists(message, ignored);
-    return message + (exists ? ": cannot be read in " : ": not found in ") +
-           std::filesystem::current_path(ignored).string();
+    const std::string message = error.what();
+    const auto* file = dynamic_cast<const FileError*>(&error);
+    return file != nullptr ? message + ": " + unreadableText(message, file->reason) : message;
 }
 
 } // namespace lumenfold

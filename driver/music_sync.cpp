@@ -1,31 +1,30 @@
 #include "core/sync_state.h"
-#include "core/sync_values.h"
 #include "driver/music.h"
 
 namespace lumenfold {
 
 void musicSyncCallback(std::uint32_t value, std::uint32_t, std::uint32_t) {
-    if (value < sync::firstFlag) {
+    if (value < 32) {
         syncState.currentPart.increment();
         return;
     }
     switch (value) {
-    case sync::pulse:
+    case 32:
         syncState.syncFlag32 = 1;
         break;
-    case sync::fadeOut:
+    case 33:
         syncState.syncFlag33 = 1;
         break;
-    case sync::hall:
+    case 36:
         syncState.syncFlag36 = 1;
         break;
-    case sync::hit:
+    case 37:
         syncState.syncFlag37 = 1;
         break;
-    case sync::dissolve:
+    case 39:
         syncState.syncFlag39 = 1;
         break;
-    case sync::swap:
+    case 59:
         syncState.syncFlag59 = 1;
         break;
     default:

@@ -1,11 +1,11 @@
+#include "assets/image.h"
 #include "bench/measure.h"
 #include "bench/sections.h"
 #include "bench/silence.h"
 #include "core/sync_state.h"
-#include "core/sync_values.h"
 #include "driver/music.h"
-#include "driver/session.h"
-#include "effects/frame_size.h"
+#include "driver/scene_table.h"
+#include "render/depth_buffer.h"
 
 #include <cstddef>
 #include <string>
@@ -15,6 +15,7 @@ namespace lumenfold::bench {
 
 namespace {
 
+constexpr FrameInfo frame = {512, 384, 1, 22050, 1};
 constexpr float unitsPerFrame = 15.68F / 60.0F;
 
 // Times below are demo time since the part's first frame.
@@ -39,15 +40,15 @@ std::vector<Sync> every(float step, std::uint32_t value, int count) {
     return syncs;
 }
 
-// What the music does to a part, so that every phase is met. Parts without phases of their own are not listed.
-Script scriptOf(std::int32_t part) {
-    const std::vector<Script> scripts = {
+// What the music does to each part, so that every phase is met.
+std::vector<Script> scripts() {
+    return {
         {1,
          {{"tunnel", 288}, {"dissolve", 351}, {"logo", 587}, {"fade-out", 650}, {"hall", 987}, {"cross-fade", 1046}},
-         {{sync::dissolve, 288}, {sync::hall, 660}}},
+         {{39, 288}, {36, 660}}},
         {2,
          {{"ring grows", 32}, {"whole ring", 200}, {"cube", 272}, {"held picture", 280}},
-         {{sync::pulse, 40}, {sync::pulse, 80}, {sync::pulse, 120}, {sync::swap, 200}}},
+         {{32, 40}, {32, 80}, {32, 120}, {59, 200}}},
         {3,
          {{"first object", 100},
           {"second object", 200},
@@ -55,29 +56,27 @@ Script scriptOf(std::int32_t part) {
           {"fourth object", 400},
           {"fifth object", 500},
           {"fade-out", 570}},
-         {{sync::hit, 50},
-          {sync::swap, 100},
-          {sync::hit, 150},
-          {sync::swap, 200},
-          {sync::hit, 250},
-          {sync::swap, 300},
-          {sync::hit, 350},
-          {sync::swap, 400},
-          {sync::hit, 450},
-          {sync::fadeOut, 500}}},
+         {{37, 50}, {59, 100}, {37, 150}, {59, 200}, {37, 250}, {59, 300}, {37, 350}, {59, 400}, {37, 450}, {33, 500}}},
         {4,
          {{"twin tunnel", 200}, {"light spot", 220}, {"ray tunnel", 420}, {"still", 430}},
-         {{sync::hit, 50}, {sync::hit, 100}, {sync::swap, 200}, {sync::pulse, 220}, {sync::swap, 420}}},
-        {5, {{"weld", 27}, {"split", 45}, {"film roll", 134}, {"held picture", 145}}, {{sync::swap, 45}}},
-        {6, {{"flight", 221}, {"fade-out", 306}}, every(50, sync::hit, 4)},
+         {{37, 50}, {37, 100}, {59, 200}, {32, 220}, {59, 420}}},
+        {5, {{"weld", 27}, {"split", 45}, {"film roll", 134}, {"held picture", 145}}, {{59, 45}}},
+        {6, {{"flight", 221}, {"fade-out", 306}}, every(50, 37, 4)},
         {7, {{"fade-in", 256}, {"wave", 400}}, {}},
-        {8, {{"pane", 400}}, every(50, sync::hit, 6)},
-        {9, {{"tube", 400}}, every(30, sync::hit, 12)},
+        {8, {{"pane", 400}}, every(50, 37, 6)},
+        {9, {{"tube", 400}}, every(30, 37, 12)},
+        {10, {{"metaballs", 400}}, {}},
+        {scrollerPart, {{"scroller", 300}}, {}},
     };
-    for (const Script& script : scripts)
-        if (script.part == part)
-            return script;
-    return {part, {{"whole", 400}}, {}};
+}
+
+void loadScenes() {
+    const Silence noCommentary; // of the object reader
+    textureCache.open();
+    syncState.zero();
+    for (const SceneRow& row : sceneTable)
+        row.effect(frame, EffectCommand::Init, nullptr, 0.0F);
+    allocateDepthBuffer(frame.width, frame.height);
 }
 
 void addPhase(Report& report, const std::string& name, std::vector<double>& times) {
@@ -89,11 +88,11 @@ void addPhase(Report& report, const std::string& name, std::vector<double>& time
     times.clear();
 }
 
-// Plays a scene's part and moves the demo time on.
-void play(Report& report, const SceneRow& scene, std::vector<Pixel32>& pixels, float& time) {
-    const Script script = scriptOf(scene.part);
-    if (scene.part <= mainParts)
-        syncState.currentPart = static_cast<std::uint8_t>(scene.part);
+// Plays one part and moves the demo time on.
+void play(Report& report, const Script& script, std::vector<Pixel32>& pixels, float& time) {
+    const SceneRow& scene = sceneOfPart(script.part);
+    if (script.part <= mainParts)
+        syncState.currentPart = static_cast<std::uint8_t>(script.part);
     std::vector<double> times;
     std::size_t nextSync = 0;
     float local = 0.0F;
@@ -102,30 +101,31 @@ void play(Report& report, const SceneRow& scene, std::vector<Pixel32>& pixels, f
             for (; nextSync < script.syncs.size() && script.syncs[nextSync].at <= local; ++nextSync)
                 musicSyncCallback(script.syncs[nextSync].value, 0, 0);
             const double begin = threadMicroseconds();
-            Session::render(scene, pixels.data(), time + local);
+            scene.effect(frame, EffectCommand::Render, pixels.data(), time + local);
             times.push_back(threadMicroseconds() - begin);
         }
         addPhase(report, "part " + std::to_string(script.part) + ", " + phase.name, times);
     }
     time += local;
-    Session::leave(scene);
+    clearDepthBuffer();
+    if (script.part <= 3)
+        syncState.zero();
 }
 
 } // namespace
 
 void measureScenes(Report& report, bool) {
     report.section("Scenes, one frame");
-    Session session(sceneTable());
-    {
-        const Silence noCommentary; // of the object reader
-        session.load();
-    }
-    std::vector<Pixel32> pixels(pixelCount(frameInfo));
+    loadScenes();
+    std::vector<Pixel32> pixels(static_cast<std::size_t>(frame.width) * frame.height);
     float time = 1000.0F; // demo time begins anywhere
-    for (const SceneRow& scene : session.scenes())
-        if (scene.part != noPart)
-            play(report, scene, pixels, time);
-    session.release();
+    for (const Script& script : scripts())
+        play(report, script, pixels, time);
+    for (const SceneRow& row : sceneTable) {
+        if (row.released)
+            row.effect(frame, EffectCommand::Release, nullptr, 0.0F);
+    }
+    textureCache.close();
 }
 
 } // namespace lumenfold::bench

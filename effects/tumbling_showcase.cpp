@@ -6,7 +6,6 @@
 #include "core/sync_state.h"
 #include "effects/commands.h"
 #include "effects/picture.h"
-#include "effects/scene_objects.h"
 #include "effects/strip_reveal.h"
 #include "render/depth_buffer.h"
 #include "render/scene.h"
@@ -18,24 +17,24 @@ namespace lumenfold {
 
 namespace {
 
-constexpr float farthest = -40.0F; // z in world units where the camera comes to rest
+constexpr float farthest = -40.0F; // where the camera comes to rest
 constexpr float thrown = -30.0F;   // where a beat puts it
 
 struct Exhibit {
     const char* object;
     const char* firstTexture;
     const char* secondTexture;
-    DrawMode mode;
+    std::uint32_t mode;
     float scale;
     Vector3 spin; // degrees each frame
 };
 
 constexpr std::array<Exhibit, 5> exhibits{{
-    {"hum.lwo", "cells3c.jpg", "phong5.jpg", DrawMode::TwoLayers, 1.0F, {2.2F, 3.5F, 1.0F}},
-    {"blob1.lwo", "eftex.jpg", nullptr, DrawMode::Reflection, 7.0F, {2.4F, 3.3F, 3.6F}},
-    {"blob2.lwo", "cubet5.jpg", nullptr, DrawMode::Reflection, 22.0F, {1.4F, 3.2F, 3.1F}},
-    {"blob1.lwo", "phong5.jpg", nullptr, DrawMode::Reflection, 7.0F, {2.4F, 1.7F, 3.6F}},
-    {"hum.lwo", "phong5.jpg", nullptr, DrawMode::Reflection, 1.0F, {2.4F, 1.7F, 3.6F}},
+    {"hum.lwo", "cells3c.jpg", "phong5.jpg", 25, 1.0F, {2.2F, 3.5F, 1.0F}},
+    {"blob1.lwo", "eftex.jpg", nullptr, 17, 7.0F, {2.4F, 3.3F, 3.6F}},
+    {"blob2.lwo", "cubet5.jpg", nullptr, 17, 22.0F, {1.4F, 3.2F, 3.1F}},
+    {"blob1.lwo", "phong5.jpg", nullptr, 17, 7.0F, {2.4F, 1.7F, 3.6F}},
+    {"hum.lwo", "phong5.jpg", nullptr, 17, 1.0F, {2.4F, 1.7F, 3.6F}},
 }};
 
 struct State {
@@ -52,7 +51,7 @@ struct State {
 } state;
 
 void addExhibit(Scene& scene, const Exhibit& exhibit) {
-    Mesh& mesh = addEmptyObject(scene);
+    Mesh& mesh = *scene.addObject();
     loadObject(mesh, exhibit.object, exhibit.firstTexture, exhibit.secondTexture, exhibit.mode, exhibit.scale);
     mesh.spin = exhibit.spin;
     mesh.scale = {1.0F, 1.0F, 1.0F};
@@ -90,7 +89,7 @@ void followMusic(float time) {
 
 void recede(Scene& scene) {
     if (scene.cameraPosition[2] > farthest)
-        scene.cameraPosition[2] -= 1.0F; // world units a frame
+        scene.cameraPosition[2] -= 1.0F;
 }
 
 void fadeOut(Pixel32* pixels, float time) {

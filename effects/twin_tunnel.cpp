@@ -11,7 +11,6 @@
 #include "effects/light_spot.h"
 #include "effects/phase_clock.h"
 #include "effects/picture.h"
-#include "effects/scene_objects.h"
 #include "effects/twin_tunnel_grid.h"
 #include "render/depth_buffer.h"
 #include "render/ray_field.h"
@@ -64,12 +63,12 @@ void init(FrameInfo info) {
     state.spotLayer.resize(pixelCount(info));
     state.still.resize(pixelCount(info));
 
-    Mesh& object = addEmptyObject(state.objectScene);
+    Mesh& object = *state.objectScene.addObject();
     state.bandTexture = getTexture("petrolenv.jpg");
     state.banner = loadPicture("bajsa.jpg", bannerWidth, bannerHeight);
     state.greetings = loadPicture("greets2.pcx", greetingsWidth, greetingsHeight);
     state.tunnel = makeRayField(RayShape::Tunnel, getTexture("cubet4.jpg"));
-    loadObject(object, "blb3.lwo", "cubet5.jpg", nullptr, DrawMode::Reflection, 2.7F);
+    loadObject(object, "blb3.lwo", "cubet5.jpg", nullptr, 17, 2.7F);
     object.spin = {1.8F, 3.3F, -1.3F};
     state.objectScene.cameraPosition[2] = -10.0F;
     allocateDepthBuffer(info.width, info.height);
@@ -158,7 +157,7 @@ void renderSecondPhase(FrameInfo info, Pixel32* frame, float time) {
 void moveOn() {
     state.tunnel.scrollV += 4;
     state.tunnelTurn = static_cast<float>(state.tunnelTurn + 0.02);
-    state.tunnel.angles = {-0.3F, -0.6F, static_cast<float>(trig::sin(state.tunnelTurn) * 1.7)}; // degrees a frame
+    state.tunnel.angles = {-0.3F, -0.6F, static_cast<float>(trig::sin(state.tunnelTurn) * 1.7)};
     state.bannerScroll += 3;
 }
 

@@ -22,18 +22,17 @@ struct Scene {
     std::vector<Sprite> spriteWork = std::vector<Sprite>(maxSprites); // camera-space copies, rewritten by every draw
     std::int32_t objectCount = 0;
     std::int32_t spriteCount = 0;
-    Vector3 cameraPosition{0.0F, 0.0F, -10.0F}; // world units, those of the object files
-    Vector3 cameraAngles{};                     // degrees about x, y, z
-    Matrix cameraMatrix{};                      // written by every draw
+    Vector3 cameraPosition{0.0F, 0.0F, -10.0F};
+    Vector3 cameraAngles{}; // degrees a, b, c
+    Matrix cameraMatrix{};  // written by every draw
 
     // Adds an empty object; null when there are 100 already. The scene owns it.
     Mesh* addObject();
 };
 
 // Draws the scene into target (info.width x info.height, which may be a band of the frame: the depth buffer is
-// indexed from its own start all the same). There must be a depth buffer. Turns every object by its spin first.
-// depthBias is added to every depth; scenes raise it from draw to draw because the buffer is cleared only between
-// parts.
+// indexed from its own start all the same). Turns every object by its spin first. depthBias is added to every depth;
+// scenes raise it from draw to draw because the buffer is cleared only between parts.
 void drawScene(Scene& scene, FrameInfo info, Pixel32* target, float depthBias);
 
 // The depth bias that the scenes of parts 4, 5, 6 and 8 share; each raises it before its draws.

@@ -90,8 +90,34 @@ echo "for example"
 grep -hE "^(missing|directory|unreadable|half|random) (hall1.jpg|credt.lwo|bzzzz.xm|endtune.xm|greets2.pcx)" "$work/assets" | sed 's/^/  /'
 
 cd "$work"
+# variety FAULT FILE COMMAND...: the show with one file that the command writes to standard output.
+variety() {
+    local fault=$1 name=$2
+    shift 2
+    "$@" >"$show/$name" || { bad=1; echo "$fault: not made"; }
+    try "$fault" bash -c 'film --to 0.5 --timeline'
+    grep -q "$name: " "$work/err" || { bad=1; echo "$(printf '%44s' '') nothing is said of $name  <-- BAD"; }
+    cp "$root/show/$name" "$show/$name"
+}
+tga=$root/show/sidogrej91x351.tga
+pcx=$root/show/greets2.pcx
+variety "TGA, run-length coded" sidogrej91x351.tga convert "$tga" -compress RLE tga:-
+variety "TGA, grey" sidogrej91x351.tga convert "$tga" -colorspace gray -compress none tga:-
+variety "TGA, 32-bit" sidogrej91x351.tga convert "$tga" -alpha on -compress none tga:-
+variety "TGA of another size" sidogrej91x351.tga convert "$tga" -resize 90x90! -compress none tga:-
+variety "PCX with a palette" greets2.pcx convert "$pcx" -colors 200 -type Palette pcx:-
+variety "PCX of another size" greets2.pcx convert "$pcx" -resize 300x100! pcx:-
+variety "PNG called .pcx" greets2.pcx convert "$pcx" png:-
+variety "text called .jpg" hall1.jpg echo "not a picture"
+variety "JPEG, progressive" hall1.jpg convert "$root/show/hall1.jpg" -interlace JPEG jpg:-
+variety "object of a later type" credt.lwo printf 'FORM\0\0\0\4LWO2'
+variety "object without faces" credt.lwo printf 'FORM\0\0\0\4LWOB'
+try "object that is missing" bash -c 'film --object nothing.lwo frames/'
+try "texture with a blank in its name" bash -c 'film --object "credt.lwo,no such texture.jpg" frames/'
+
 mkdir empty
 (cd empty && try "demo: folder without assets" "$programs/lumenfold")
+(mkdir gone && cd gone && rmdir ../gone && try "demo: deleted working directory" "$programs/lumenfold")
 cd "$show"
 try "demo: no display" env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER "$programs/lumenfold"
 try "demo: no such video driver" env SDL_VIDEODRIVER=none-such "$programs/lumenfold"

@@ -53,7 +53,7 @@ class Stage {
 
     // For the music layer.
     void play(ModulePlayer* newPlayer);
-    void setSyncCallback(MIDASsyncCallback newCallback);
+    void report(MIDASsyncCallback newCallback);
 
   private:
     void renderSound();

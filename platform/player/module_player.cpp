@@ -1,6 +1,7 @@
 #include "platform/player/module_player.h"
 
 #include "assets/file.h"
+#include "assets/notice.h"
 #include "platform/player/xm_layout.h"
 
 #include <libopenmpt/libopenmpt.hpp>
@@ -88,14 +89,17 @@ struct ModulePlayer::Tune {
 ModulePlayer::ModulePlayer(const std::string& fileName) : ModulePlayer(readTune(fileName), fileName) {}
 
 ModulePlayer::ModulePlayer(const std::vector<std::uint8_t>& bytes, const std::string& fileName) : block{} {
-    const std::string fault = xmFault(bytes);
-    if (!fault.empty())
-        throw std::runtime_error(fileName + ": " + fault);
+    const XmLayout layout = xmLayout(bytes);
+    if (!layout.fault.empty())
+        throw std::runtime_error(fileName + ": " + layout.fault);
     try {
         tune = std::make_unique<Tune>(bytes);
     } catch (const openmpt::exception& error) {
         throw std::runtime_error(fileName + ": not an XM module: " + error.what());
     }
+    if (layout.missing > 0)
+        notice(fileName,
+               "the file ends early; " + std::to_string(layout.missing) + " bytes of its samples are missing");
     renderBlock();
 }
 

@@ -6,10 +6,16 @@
 
 namespace lumenfold {
 
-// What is wrong with the file's outline: no XM module at all, or one that ends before the patterns, instruments and
-// samples that its headers announce. Empty if nothing is. The player's library plays what is left of a damaged
-// tune, and a show without its sync commands would wait for ever.
-// Source: the XM module format, version 1.04.
-std::string xmFault(const std::vector<std::uint8_t>& file);
+struct XmLayout {
+    // Why the file must not be played, empty when it may: it is no XM module, or it ends before its patterns do. The
+    // player's library plays what is left of such a tune, and a show without its sync commands would wait for ever.
+    std::string fault;
+    // Bytes of instruments and samples that the headers announce and the file lacks, at least 1 if there are any.
+    // What is there can be played.
+    std::uint64_t missing = 0;
+};
+
+// Source: the XM module format, versions 1.02 to 1.04.
+XmLayout xmLayout(const std::vector<std::uint8_t>& file);
 
 } // namespace lumenfold

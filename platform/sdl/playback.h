@@ -17,7 +17,7 @@ class Playback {
     void run(bool on);
     void start(ModulePlayer& tune);
     void stop();
-    void setSyncCallback(MIDASsyncCallback newCallback);
+    void report(MIDASsyncCallback newCallback);
 
     // The next frames. What is heard by now has its sync commands told. latency: frames from asking to hearing.
     void fill(float* samples, std::size_t frames, std::int64_t latency);

@@ -5,7 +5,10 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -136,17 +139,56 @@ TEST(Player, WhatComesOutDependsOnTheFileAlone) {
     EXPECT_EQ(small.samples, large.samples);
 }
 
+// The pattern of a small tune ends here; after it comes the instrument, or its samples.
+std::size_t patternEnd(const TinyXm& tune, const std::vector<std::uint8_t>& bytes) {
+    constexpr std::size_t samples = 64;
+    constexpr std::size_t instrument = 263 + 40;
+    return bytes.size() - samples - (tune.version >= 0x0104 ? instrument : 0);
+}
+
+TEST(Player, RefusesWhatHasLostItsPatterns) {
+    for (const std::uint16_t version : {0x0102, 0x0103, 0x0104}) {
+        TinyXm tune{2, 6, 125, 0, {0}, {8}, {{0, 0, 0, sync, 1}}};
+        tune.version = version;
+        const std::vector<std::uint8_t> whole = tune.bytes();
+        EXPECT_EQ(xmLayout(whole).fault, "");
+        EXPECT_EQ(xmLayout(whole).missing, 0u);
+        for (std::size_t size = 60; size < whole.size(); ++size) {
+            const XmLayout layout = xmLayout({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)});
+            const bool patternsLost = size < patternEnd(tune, whole);
+            EXPECT_EQ(layout.fault, patternsLost ? "the file ends before its patterns do" : "") << size;
+            EXPECT_GT(layout.missing, 0u) << size;
+        }
+    }
+    EXPECT_EQ(xmLayout({}).fault, "not an XM module");
+    EXPECT_EQ(xmLayout(std::vector<std::uint8_t>(100, 'x')).fault, "not an XM module");
+}
+
+// The same music and commands from files of older versions, and from one without the end of its samples.
+TEST(Player, PlaysOlderAndShortenedTunes) {
+    TinyXm tune{4, 6, 125, 0, {0, 1}, {8, 16}, {}};
+    for (int row = 0; row < 16; row += 3)
+        tune.commands.push_back({row % 2, row / 2, row % 3, sync, static_cast<std::uint8_t>(row), true});
+    const Heard expected = play(tune, 4.0, 1000);
+    ASSERT_GT(*std::max_element(expected.samples.begin(), expected.samples.end()), 0.01F);
+    for (const std::uint16_t version : {0x0102, 0x0103}) {
+        tune.version = version;
+        const Heard heard = play(tune, 4.0, 1000);
+        EXPECT_EQ(heard.samples, expected.samples) << version;
+        EXPECT_EQ(inRows(heard.syncs), inRows(expected.syncs)) << version;
+    }
+    std::vector<std::uint8_t> bytes = tune.bytes();
+    bytes.resize(bytes.size() - 9);
+    testing::internal::CaptureStderr();
+    ModulePlayer player(bytes, "short tune.xm");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "lumenfold: short tune.xm: the file ends early; 9 bytes of its samples are missing\n");
+    std::vector<float> samples(expected.samples.size());
+    player.render(samples.data(), samples.size() / 2);
+    EXPECT_GT(*std::max_element(samples.begin(), samples.end()), 0.01F);
+}
+
 TEST(Player, NamesTheFileAndTheCause) {
-    const auto fault = [](const std::vector<std::uint8_t>& bytes, const std::string& expected) {
-        EXPECT_EQ(xmFault(bytes), expected);
-    };
-    const std::vector<std::uint8_t> whole = TinyXm{2, 6, 125, 0, {0}, {8}, {{0, 0, 0, sync, 1}}}.bytes();
-    fault(whole, "");
-    fault({}, "not an XM module");
-    fault(std::vector<std::uint8_t>(100, 'x'), "not an XM module");
-    for (std::size_t size = 60; size < whole.size(); ++size)
-        fault(std::vector<std::uint8_t>(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size)),
-              "the file ends early");
     for (const char* message :
          {"no-such-file.xm: cannot be opened: No such file or directory", ".: cannot be opened: Is a directory"})
         try {
@@ -158,6 +200,33 @@ TEST(Player, NamesTheFileAndTheCause) {
         }
 }
 
+// Every tune of a game's package plays, whole and without the end of its samples.
+TEST(Player, TunesOfAPackage) {
+    const std::filesystem::path folder = "/usr/share/games/heroes/mod";
+    if (!std::filesystem::exists(folder))
+        GTEST_SKIP() << "heroes-sound-tracks is not installed";
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        if (entry.path().extension() != ".xm")
+            continue;
+        std::ifstream stream(entry.path(), std::ios::binary);
+        std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+        EXPECT_EQ(xmLayout(bytes).missing, 0u) << entry.path();
+        for (const std::size_t removed : {std::size_t{0}, std::size_t{9}}) {
+            bytes.resize(bytes.size() - removed);
+            testing::internal::CaptureStderr();
+            ModulePlayer player(bytes, entry.path().filename().string());
+            EXPECT_EQ(testing::internal::GetCapturedStderr().empty(), removed == 0) << entry.path();
+            std::vector<float> samples(std::size_t{soundRate} * 4);
+            player.render(samples.data(), samples.size() / 2);
+            EXPECT_GT(*std::max_element(samples.begin(), samples.end()), 0.05F) << entry.path();
+            EXPECT_GT(player.duration(), 10.0);
+        }
+        ++count;
+    }
+    EXPECT_GE(count, 13);
+}
+
 // Sizes of 0 and of 4 billion, in every place of the header, neither hang nor read beyond the file.
 TEST(Player, DamagedHeadersEndTheWalk) {
     const std::vector<std::uint8_t> whole = TinyXm{2, 6, 125, 0, {0}, {8}, {}}.bytes();
@@ -166,7 +235,7 @@ TEST(Player, DamagedHeadersEndTheWalk) {
             std::vector<std::uint8_t> damaged = whole;
             for (std::size_t i = at; i < std::min(at + 4, damaged.size()); ++i)
                 damaged[i] = byte;
-            xmFault(damaged);
+            xmLayout(damaged);
         }
 }
 

@@ -19,15 +19,16 @@ struct Writer {
     }
 };
 
-void writeClick(Writer& xm) {
-    constexpr std::uint32_t length = 64;
+constexpr std::uint32_t clickLength = 64;
+
+void writeInstrument(Writer& xm) {
     xm.number(263, 4); // bytes of the instrument's header
     xm.text("click", 22);
     xm.number(0, 1);
     xm.number(1, 2);  // samples
     xm.number(40, 4); // bytes of a sample's header
     xm.text("", 263 - 33);
-    xm.number(length, 4);
+    xm.number(clickLength, 4);
     xm.number(0, 8);   // no loop
     xm.number(64, 1);  // volume
     xm.number(0, 1);   // finetune
@@ -36,9 +37,12 @@ void writeClick(Writer& xm) {
     xm.number(0, 1);   // relative note
     xm.number(0, 1);
     xm.text("click", 22);
+}
+
+void writeSamples(Writer& xm) {
     // differences: loud from the first sample to the last
     xm.number(127, 1);
-    xm.text("", length - 1);
+    xm.text("", clickLength - 1);
 }
 
 } // namespace
@@ -48,7 +52,7 @@ std::vector<std::uint8_t> TinyXm::bytes() const {
     xm.text("Extended Module: tiny", 37);
     xm.number(0x1A, 1);
     xm.text("test", 20);
-    xm.number(0x0104, 2);
+    xm.number(version, 2);
     xm.number(276, 4);
     xm.number(static_cast<std::uint32_t>(order.size()), 2);
     xm.number(restart, 2);
@@ -60,6 +64,9 @@ std::vector<std::uint8_t> TinyXm::bytes() const {
     xm.number(tempo, 2);
     for (std::size_t i = 0; i < 256; ++i)
         xm.number(i < order.size() ? order[i] : 0, 1);
+    const bool old = version < 0x0104;
+    if (old)
+        writeInstrument(xm);
     for (std::size_t pattern = 0; pattern < rows.size(); ++pattern) {
         Writer cells;
         for (int row = 0; row < rows[pattern]; ++row)
@@ -74,13 +81,17 @@ std::vector<std::uint8_t> TinyXm::bytes() const {
                                                 cell.effect, cell.parameter})
                     cells.bytes.push_back(byte);
             }
-        xm.number(9, 4);
+        const bool shortHeader = version == 0x0102;
+        const int count = rows[pattern] - (shortHeader ? 1 : 0);
+        xm.number(shortHeader ? 8 : 9, 4);
         xm.number(0, 1);
-        xm.number(static_cast<std::uint32_t>(rows[pattern]), 2);
+        xm.number(static_cast<std::uint32_t>(count), shortHeader ? 1 : 2);
         xm.number(static_cast<std::uint32_t>(cells.bytes.size()), 2);
         xm.bytes.insert(xm.bytes.end(), cells.bytes.begin(), cells.bytes.end());
     }
-    writeClick(xm);
+    if (!old)
+        writeInstrument(xm);
+    writeSamples(xm);
     return xm.bytes;
 }
 

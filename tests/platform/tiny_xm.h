@@ -24,6 +24,7 @@ struct TinyXm {
     std::vector<std::uint8_t> order;
     std::vector<int> rows; // of each pattern
     std::vector<Command> commands;
+    std::uint16_t version = 0x0104; // 0x0103 and 0x0102 put the patterns between the instrument and its samples
 
     std::vector<std::uint8_t> bytes() const;
     void write(const std::string& fileName) const;

@@ -81,8 +81,8 @@ TEST_F(Program, EndsWithTheCauseWhenTheTuneIsMissingOrCut) {
               std::string::npos);
     EXPECT_EQ(status, 1);
     fs::copy_file(fs::path(LUMENFOLD_SHOW) / "bzzzz.xm", folder / "bzzzz.xm");
-    fs::resize_file(folder / "bzzzz.xm", fs::file_size(folder / "bzzzz.xm") / 2);
-    EXPECT_NE(run(status).find("\nMIDAS error: bzzzz.xm: the file ends early\n"), std::string::npos);
+    fs::resize_file(folder / "bzzzz.xm", 10000);
+    EXPECT_NE(run(status).find("\nMIDAS error: bzzzz.xm: the file ends before its patterns do\n"), std::string::npos);
     EXPECT_EQ(status, 1);
 }
 

@@ -23,6 +23,12 @@ done
 cjpeg -quality 90 -restart 2B "$small/picture.ppm" >"$small/restarts.jpg"
 cjpeg -quality 30 -optimize -dct float "$small/picture.ppm" >"$small/optimised.jpg"
 cjpeg -progressive "$small/picture.ppm" >"$small/progressive.jpg"
+printf '0;\n1;\n2;\n' >"$small/scans" # every component on its own
+cjpeg -quality 60 -scans "$small/scans" -restart 3B "$small/picture.ppm" >"$small/separate.jpg"
+# without its Huffman tables, and with an interval that the data does not keep
+perl -0777 -pe '1 while s/\xFF\xC4\x00[\x1F\xB5](?:.{29}|.{179})(?=\xFF[\xC4\xDA])//s' \
+    "$small/sampled2x2.jpg" >"$small/standard-tables.jpg"
+perl -0777 -pe 's/^\xFF\xD8/\xFF\xD8\xFF\xDD\x00\x04\x00\x02/' "$small/sampled1x1.jpg" >"$small/no-markers.jpg"
 
 for file in "$small"/*.jpg "$show/petrolflare.jpg"; do
     add_picture 3 "$file" "$(basename "$file")"

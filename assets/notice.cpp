@@ -28,7 +28,7 @@ constexpr Signature signatures[] = {
     {"PCX", "a PCX file", "\x0A\x03"sv},
     {"PCX", "a PCX file", "\x0A\x04"sv},
     {"PCX", "a PCX file", "\x0A\x02"sv},
-    {"PCX", "a PCX file", "\x0A\x00"sv},
+    {"PCX", "a PCX file", "\x0A\x00\x01"sv}, // without the coding's byte, TGA files begin so
     {"LightWave", "an IFF file (a LightWave object, perhaps)", "FORM"sv},
     {"XM", "an XM tune", "Extended Module: "sv},
 };

@@ -96,7 +96,7 @@ const Change changes[] = {
     {wholePcx, ".pcx", [](Bytes& f) { f[3] = 4, f[65] = 4; }, "a PCX file with 16 bits a pixel; only run-length"},
     {wholePcx, ".pcx", [](Bytes& f) { f[65] = 1; }, "a PCX file with 8 bits a pixel; only"},
     {wholePcx, ".pcx", [](Bytes& f) { f[2] = 0; }, "a PCX file without run-length coding; only"},
-    {wholePcx, ".pcx", [](Bytes& f) { f[4] = 2, f[10] = 99, f[66] = 10; },
+    {wholePcx, ".pcx", [](Bytes& f) { f[4] = 2, f[6] = 1, f[10] = 100, f[66] = 10; },
      "the picture is 10 x 100 pixels, not 12 x 9"},
     {wholePcx, ".pcx", [](Bytes& f) { f[66] = 14; }, "a PCX file with padded lines (14 bytes for 12 pixels)"},
     {wholePcx, ".pcx", [](Bytes& f) { f.pop_back(); }, "the file ends before the picture does; nothing is drawn"},

@@ -160,6 +160,13 @@ TEST(Player, RefusesWhatHasLostItsPatterns) {
             EXPECT_GT(layout.missing, 0u) << size;
         }
     }
+    // Samples that are packed into half their bytes, and a table of 16.
+    std::vector<std::uint8_t> packed = TinyXm{2, 6, 125, 0, {0}, {8}, {}}.bytes();
+    packed[packed.size() - 64 - 40 + 17] = 0xAD;
+    packed.resize(packed.size() - 64 + 16 + 32);
+    EXPECT_EQ(xmLayout(packed).missing, 0u);
+    packed.pop_back();
+    EXPECT_EQ(xmLayout(packed).missing, 1u);
     EXPECT_EQ(xmLayout({}).fault, "not an XM module");
     EXPECT_EQ(xmLayout(std::vector<std::uint8_t>(100, 'x')).fault, "not an XM module");
 }

@@ -18,7 +18,7 @@ class BigEndianReader {
     std::size_t remaining() const { return left; }
     void skip(std::size_t count) { take(count); }
 
-    // The next bytes (as many of them as there are) as a reader of their own; this one goes on behind them.
+    // The next bytes, or as many as are left, as a reader of their own; this one continues after them.
     BigEndianReader take(std::size_t count) {
         count = std::min(count, left);
         const BigEndianReader part(next, count);

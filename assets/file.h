@@ -10,7 +10,7 @@
 
 namespace lumenfold {
 
-// No file of the show comes near this; what a longer file holds behind it is not read.
+// Far more than any file of the show; the rest of a longer file is not read.
 inline constexpr std::size_t longestFile = std::size_t{64} << 20;
 
 // A file that cannot be read. The message is the file name alone.

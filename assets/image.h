@@ -15,8 +15,9 @@ namespace lumenfold {
 // the target or, if resample is not 0, scaled to it (nearest neighbour). A name with another ending reads nothing.
 // destination: target.width x target.height pixels, owned by the caller.
 // Returns 1 always. Throws DynamicError (file name first) when the file cannot be opened, or when a JPEG file is of
-// another size, of a kind that is not supported or damaged in its headers. Files that end early give what was decoded,
-// black or 0 behind it (JPEG, TGA), or leave the block as it was (PCX).
+// another size, of a kind that is not supported or damaged in its headers. Files that end early give what was decoded
+// and black after it (JPEG, TGA), or leave the block as it was (PCX). A file that its reader does not read as it was
+// meant gives a notice (assets/notice.h).
 std::int32_t loadImage(const char* fileName, Pixel32* destination, std::int32_t sourceWidth, std::int32_t sourceHeight,
                        FrameInfo target, std::int32_t resample);
 

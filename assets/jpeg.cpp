@@ -112,7 +112,7 @@ std::string unsupportedFrame(std::uint8_t marker) {
     return "JPEG frame type FF" + hexadecimal(marker) + " is not supported";
 }
 
-// Room for whole coded units of size 8 x factor, and for the column or row of zeros behind the part that counts.
+// Room for whole coded units of size 8 x factor, and for a column or row of zeros after the part that counts.
 std::size_t paddedSamples(std::size_t units, int factor) {
     return units * static_cast<std::size_t>(factor) * 8 + 2;
 }
@@ -160,7 +160,7 @@ void JpegDecoder::readMarker(std::uint8_t marker) {
         readScan(segment);
 }
 
-// The parameters of the segment whose length stands at the position, which moves behind it. A segment that the file
+// The parameters of the segment whose length stands at the position, which moves to its end. A segment that the file
 // does not hold whole ends the parsing.
 JpegDecoder::Segment JpegDecoder::takeSegment() {
     const std::ptrdiff_t left = end - position;
@@ -359,7 +359,7 @@ constexpr std::array<std::uint8_t, 64> zigzag = {0,  1,  8,  16, 9,  2,  3,  10,
                                                  35, 42, 49, 56, 57, 50, 43, 36, 29, 22, 15, 23, 30, 37, 44, 51,
                                                  58, 59, 52, 45, 38, 31, 39, 46, 53, 60, 61, 54, 47, 55, 62, 63};
 
-constexpr int longestRun = 15; // with no value behind it: 16 zeros; any other run without one ends the block
+constexpr int longestRun = 15; // without a value after it: 16 zeros; any other run without one ends the block
 
 struct BlockTables {
     const JpegHuffmanTable& dc;

@@ -16,9 +16,9 @@
 namespace lumenfold {
 
 // Reads a picture of exactly target.width x target.height pixels into destination (owned by the caller); the last
-// column and row are copies of their neighbours. A file that ends early keeps what was decoded, black behind it; one
-// without a frame header leaves the block as it was. sourceWidth, sourceHeight and resample are not read.
-// Throws DynamicError: the file name when the file cannot be opened, "FILE: reason" when it is of a kind that is not
+// column and row are copies of their neighbours. A file that ends early keeps what was decoded, with black after it;
+// one without a frame header leaves the block as it was. sourceWidth, sourceHeight and resample are not read. Throws
+// DynamicError: the file name when the file cannot be opened, "FILE: reason" when it is of a kind that is not
 // supported, damaged in its headers or of another size. Nothing is written then. Gives a notice of a file that is no
 // JPEG file, holds no picture or not all of it.
 void readJpegFile(const char* fileName, Pixel32* destination, std::int32_t sourceWidth, std::int32_t sourceHeight,

@@ -45,7 +45,7 @@ struct JpegBits {
         bits <<= count;
         available -= count;
     }
-    // The count bits, 0 to 15, behind the first skipped ones as a signed number of that category (T.81, F.2.2.1,
+    // The count bits, 0 to 15, that follow the first skipped ones, as a signed number of that category (T.81, F.2.2.1,
     // EXTEND): those of a negative number are the complement of its absolute value's.
     std::int32_t extended(int skipped, int count) const {
         const std::uint64_t value = bits << skipped;
@@ -56,8 +56,8 @@ struct JpegBits {
 };
 
 // The entropy-coded data of a scan, most significant bit of each byte first, without stuffed bytes and markers.
-// Behind the end marker, or the end of the data, every bit is 0. Reads up to 8 bytes ahead; pastEnd() tells when a
-// bit has been taken that the data did not supply.
+// After the end marker, or the end of the data, every bit is 0. Reads up to 8 bytes ahead; pastEnd() is true once a bit
+// has been taken that the data did not supply.
 class JpegBitReader {
   public:
     // With restarts, a restart marker stops the reader until restart() is called; otherwise it is passed over.
@@ -87,7 +87,7 @@ class JpegBitReader {
 
     bool pastEnd() const { return stop == Stop::End && ahead.available < padding; }
 
-    // Goes on behind the next restart marker; false when there is none.
+    // Continues after the next restart marker; false when there is none.
     bool restart();
 
   private:

@@ -64,13 +64,13 @@ class ObjectReader {
         const std::string container = file.readIdentifier();
         out << "length of file : " << file.readU32() << " bytes \n";
         if (container != "FORM") {
-            tellForeign(container);
+            reportForeign(container);
             return false;
         }
         out << "found FORM chunk.. \n";
         const std::string type = file.readIdentifier();
         if (type != "LWOB") {
-            tellForeign(type);
+            reportForeign(type);
             foreign = type.compare(0, 2, "LW") == 0 ? "a LightWave file of type " + type + "; only type LWOB is read"
                                                     : "not a LightWave object";
             return false;
@@ -79,7 +79,7 @@ class ObjectReader {
         return true;
     }
 
-    void tellForeign(const std::string& identifier) {
+    void reportForeign(const std::string& identifier) {
         out << "\n This is NOT an .lwo file, you retarded asshole!!!  \n"
             << "this is a " << identifier << " file "
             << "\n";
@@ -187,7 +187,7 @@ class ObjectReader {
         out << triangles.size();
     }
 
-    // Done behind the last chunk, because the points may stand behind the polygons.
+    // After the last chunk, because the points may follow the polygons.
     void makeFaces() {
         mesh.faces.clear();
         mesh.faces.reserve(triangles.size());

@@ -8,7 +8,7 @@
 namespace lumenfold {
 
 // Reads the sub-chunks of one SURF chunk (what follows its name) into the material, with a line of commentary on each.
-// Texture sub-chunks act on the layer opened last within the chunk. What is damaged is skipped and told.
+// Texture sub-chunks act on the layer opened last within the chunk. What is damaged is skipped and reported.
 // Throws what getTexture throws.
 void readSurface(BigEndianReader subChunks, MeshMaterial& material, std::ostream& commentary);
 

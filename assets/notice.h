@@ -13,7 +13,7 @@ namespace lumenfold {
 void notice(const std::string& fileName, const std::string& text);
 
 // Empty when the file begins as files of that kind do ("JPEG", "PCX", "TGA", "LightWave", "XM"), else "not a PCX file"
-// and, when its first bytes tell, what it is instead. TGA files have no signature: only those of other kinds count.
+// and, where its first bytes show it, what it is instead. TGA files have no signature: only those of other kinds count.
 std::string foreignText(const std::string& kind, const std::uint8_t* data, std::size_t size);
 
 // "the picture is 320 x 200 pixels, not 256 x 256".

@@ -79,9 +79,9 @@ TEST(Jpeg, EndAndStopMarkersWithinTheScan) {
         stopped.insert(stopped.end(), {0xFF, 0xDC, 0, 4, 0, 40, 0xFF, 0xD9});
         expectLiteral(file, "end of image");
         expectLiteral(stopped, "number of lines");
-        EXPECT_EQ(decode(Bytes(file.begin(), file.end() - 2), 48, 40), decode(file, 48, 40)) << "nothing behind it";
+        EXPECT_EQ(decode(Bytes(file.begin(), file.end() - 2), 48, 40), decode(file, 48, 40)) << "nothing after it";
         file.insert(file.end(), 40, 0x55);
-        expectLiteral(file, "bytes behind the end");
+        expectLiteral(file, "bytes after the end");
     }
 }
 

@@ -60,7 +60,7 @@ const std::string surfaces =
 const std::string wholeFile = object(square + names + faces + chunk("CRVS", "ab") + surfaces +
                                      chunk("SURF", name("Green")) + chunk("PNTS", vector(0, 0, 0)));
 
-TEST(LightWave, TellsWhatItReads) {
+TEST(LightWave, ReportsWhatItReads) {
     const std::string layerText = "found mapping flags chunk \n"
                                   "texture axis = AXIS\n"
                                   "found texture size subchunk \n"
@@ -121,7 +121,7 @@ TEST(LightWave, TellsWhatItReads) {
 TEST(LightWave, FillsTheMesh) {
     Mesh mesh;
     readObject(wholeFile, mesh);
-    ASSERT_EQ(mesh.vertexCount, 4U); // the points behind the unknown surface were not read
+    ASSERT_EQ(mesh.vertexCount, 4U); // the points after the unknown surface were not read
     EXPECT_EQ(mesh.vertices[3].x, 1.0F);
     EXPECT_EQ(mesh.vertices[3].y, -1.0F);
     EXPECT_EQ(mesh.transformed[3].index, 3U);
@@ -201,12 +201,12 @@ TEST(LightWave, ForeignFiles) {
     EXPECT_EQ(mesh.orientation[15], 1.0F);
 }
 
-TEST(LightWave, DamagedFilesAreSkippedAndTold) {
+TEST(LightWave, DamagedFilesAreSkippedAndReported) {
     const std::string hugeLength = u32(std::numeric_limits<std::uint32_t>::max());
     const struct {
         const char* what;
         std::string file;
-        std::string told;
+        std::string reported;
         std::uint32_t faceCount;
     } cases[] = {
         {"vertex numbers beyond the points, and negative",
@@ -237,7 +237,7 @@ TEST(LightWave, DamagedFilesAreSkippedAndTold) {
     };
     for (const auto& c : cases) {
         Mesh mesh;
-        EXPECT_NE(readObject(object(c.file), mesh).find(c.told), std::string::npos) << c.what;
+        EXPECT_NE(readObject(object(c.file), mesh).find(c.reported), std::string::npos) << c.what;
         EXPECT_EQ(mesh.faceCount, c.faceCount) << c.what;
         useMesh(mesh);
     }
@@ -260,7 +260,7 @@ TEST(LightWave, FilesOfOtherPrograms) {
         const char* file;
         std::uint32_t vertexCount;
         std::uint32_t faceCount;
-        const char* told;
+        const char* reported;
     } cases[] = {
         {"LWOB/sphere_with_mat_gloss_10pc.lwo", 266, 48, "called: GLOS    found unsupported subchunk....\n"},
         {"LWOB/ConcavePolygon.lwo", 64, 0, "face has 66 vertices!! \n0found SURF chunk....\n"},
@@ -270,7 +270,7 @@ TEST(LightWave, FilesOfOtherPrograms) {
         Mesh mesh;
         testing::internal::CaptureStdout();
         readLightWaveObject((folder + c.file).c_str(), mesh, 1);
-        EXPECT_NE(testing::internal::GetCapturedStdout().find(c.told), std::string::npos) << c.file;
+        EXPECT_NE(testing::internal::GetCapturedStdout().find(c.reported), std::string::npos) << c.file;
         EXPECT_EQ(mesh.vertexCount, c.vertexCount) << c.file;
         EXPECT_EQ(mesh.faceCount, c.faceCount) << c.file;
         useMesh(mesh);

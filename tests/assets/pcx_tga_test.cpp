@@ -139,7 +139,7 @@ TEST(Tga, BottomRowFirst) {
                       0x00C30000u | static_cast<Pixel32>(y * width + x));
 }
 
-TEST(Tga, EveryTruncationReadsZerosBehindItsEnd) {
+TEST(Tga, EveryTruncationReadsZerosAfterItsEnd) {
     const Bytes pattern = {0x11, 0x22, 0x33};
     Bytes whole(18, 0xEE);
     for (int i = 0; i < 5 * 4; ++i)

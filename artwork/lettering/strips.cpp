@@ -2,6 +2,7 @@
 // greetings beside the ray tunnel, and the banner of the twin tunnel.
 
 #include "artwork/lettering/lettering.h"
+#include "core/trig.h"
 #include "forge/canvas.h"
 #include "forge/encode.h"
 
@@ -90,68 +91,59 @@ void makeRoleStrip(const std::string& path) {
     writeBitmap(path, canvas.bitmap());
 }
 
-// Opaque, repeats after 256 columns: dark metal with a crease of light and the name.
+// Opaque, repeats after 256 columns and also runs upside down: bars that swell and shrink, 16 above and 18 below, so
+// that the two rows drift in and out of step like a moire.
 void makeBanner(const std::string& path) {
-    const Canvas canvas(256, 36, deep);
-    canvas.plane({{0, 0}, {256, 0}, {256, 36}, {0, 36}}, {petrol, 0.0}, {petrol, 0.0});
-    for (int i = 0; i < 4; ++i) { // folded planes, the last one continued by the first
-        const auto x = static_cast<float>(i * 64);
-        canvas.plane({{x, 0}, {x + 64, 0}, {x + 64, 36}, {x + 24, 36}}, {0x1B6A74, 0.75}, {ink, 0.55});
-        canvas.plane({{x, 0}, {x + 24, 36}, {x, 36}}, {ink, 0.65}, {deep, 0.2});
-        canvas.ink(ice, 0.28);
-        canvas.line(static_cast<double>(x), 0, static_cast<double>(x) + 24, 36, 0.7);
-    }
-    canvas.ink(ink, 0.55);
-    canvas.rectangle(0, 7, 256, 22);
-    canvas.ink(teal, 0.9);
+    const Canvas canvas(256, 36, 0x12042A);
+    constexpr std::uint32_t violet = 0x5B1A8C, magenta = 0xE83FA8, gold = 0xFFC857, white = 0xFFF1D0;
+    const auto row = [&](int bars, double centre, double height, std::uint32_t rgb, double phase) {
+        const double step = 256.0 / bars;
+        for (int bar = 0; bar < bars; ++bar) {
+            const double turn = 6.283185307179586 * (bar + 0.5) / bars + phase;
+            const double swell = 0.5 + 0.5 * trig::sin(turn);
+            const double width = 1.0 + (step - 3.0) * swell;
+            const double tall = height * (0.45 + 0.55 * swell);
+            canvas.ink(rgb, 0.55 + 0.45 * swell);
+            canvas.rectangle((bar + 0.5) * step - 0.5 * width, centre - 0.5 * tall, width, tall);
+        }
+    };
+    canvas.ink(violet, 0.55);
+    canvas.rectangle(0, 3, 256, 30);
+    row(16, 11.5, 12.0, magenta, 0.0);
+    row(18, 24.5, 12.0, gold, 3.1);
+    row(32, 18.0, 2.0, white, 1.5);
+    canvas.ink(gold, 0.9);
     canvas.rectangle(0, 0, 256, 1.2);
     canvas.rectangle(0, 34.8, 256, 1.2);
-    canvas.ink(amber, 0.9);
-    for (int i = 0; i < 32; ++i)
-        canvas.rectangle(i * 8 + 2, 3.2, i % 4 == 0 ? 4 : 1.5, 1.4);
-    for (int i = 0; i < 32; ++i)
-        canvas.rectangle(i * 8 + 2, 31.4, i % 4 == 2 ? 4 : 1.5, 1.4);
-    canvas.ink(ice);
-    const double wide = canvas.text(14, 23.6, "lumenfold", Face::StrongBold, 18, 1.6);
-    canvas.ink(amber);
-    canvas.rectangle(14 + wide + 8, 14.5, 7, 7);
-    canvas.ink(0x8FE8DA);
-    canvas.text(14 + wide + 23, 22.6, "light, folded", Face::TextBold, 14, 0.8);
     writeBitmap(path, canvas.bitmap());
 }
 
 // Opaque, 32 x 2048, scrolls up and wraps: one line of type turned by a quarter, read from top to bottom.
 void makeGreetings(const std::string& path) {
-    const Canvas canvas(32, 2048, ink);
+    constexpr std::uint32_t night = 0x12010A, blood = 0x5A0718, red = 0xC81E2B, ember = 0xFF7A3C, bone = 0xFFE3B8;
+    const Canvas canvas(32, 2048, night);
     cairo_t* cairo = canvas.cairo();
     for (int i = 0; i < 16; ++i) {
         const auto y = static_cast<float>(i * 128);
-        canvas.plane({{0, y}, {32, y + 12}, {32, y + 128}, {0, y + 128}}, {petrol, 0.75}, {ink, 0.2});
-        canvas.ink(ice, 0.35);
-        canvas.line(0, static_cast<double>(y), 32, static_cast<double>(y) + 12, 0.8);
+        canvas.plane({{0, y}, {32, y}, {32, y + 128}, {0, y + 128}}, {blood, 0.9}, {night, 0.2});
     }
-    for (int y = 0; y < 2048; y += 8) {
-        canvas.ink(teal, y % 64 == 0 ? 0.9 : 0.4);
-        canvas.rectangle(0, y, y % 64 == 0 ? 5 : 2.5, 1);
-    }
-    canvas.ink(teal, 0.8);
-    canvas.rectangle(31, 0, 1, 2048);
+    canvas.ink(red, 0.9);
+    canvas.rectangle(0, 0, 1.2, 2048);
+    canvas.rectangle(30.8, 0, 1.2, 2048);
     const char* greetings[] = {
-        "greetings fold out to", "all who count cycles", "tracker hands",   "pixel eyes",    "vertex benders",
-        "the night coders",      "whoever shares",       "whoever listens", "whoever stays", "and to you"};
-    cairo_translate(cairo, 0, 0);
+        "greetings fold out to", "all who count cycles", "tracker hands",  "pixel eyes",   "vertex benders",
+        "the night coders",      "all who share",        "all who listen", "all who stay", "and to you"};
     cairo_rotate(cairo, 1.5707963267948966);
     double total = 0;
     for (const char* words : greetings)
-        total += canvas.widthOf(words, Face::StrongBold, 19, 0.8);
+        total += canvas.widthOf(words, Face::StrongBold, 20, 0.8);
     const double gap = (2048 - total) / 10;
     double x = gap / 2;
     for (const char* words : greetings) {
-        const bool first = words == greetings[0];
-        canvas.ink(first ? amber : ice);
-        x += canvas.text(x, -11, words, Face::StrongBold, 19, 0.8);
-        canvas.ink(amber);
-        canvas.rectangle(x + gap / 2 - 3.5, -20.5, 7, 7);
+        canvas.ink(words == greetings[0] ? ember : bone);
+        x += canvas.text(x, -10.5, words, Face::StrongBold, 20, 0.8);
+        canvas.ink(ember);
+        canvas.rectangle(x + gap / 2 - 3.5, -19.5, 7, 7);
         x += gap;
     }
     writeBitmap(path, canvas.bitmap());

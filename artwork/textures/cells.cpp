@@ -108,49 +108,4 @@ void makeAddedCells(const std::string& path) {
                768, path);
 }
 
-namespace {
-
-// Strings of slime: folded noise stretched along one direction, thick where several meet, with drops hanging between.
-float slimeHeight(float u, float v) {
-    const Vec3 place = {3 * u, 2 * v, 0.7F};
-    const Period period = {3, 2};
-    const float pullU = 0.20F * gradientNoise(place, 301, period);
-    const float pullV = 0.20F * gradientNoise(place + Vec3{0, 0, 4}, 302, period);
-    const float broad = std::fabs(gradientNoise({4 * (u + pullU), 3 * (v + pullV), 1.5F}, 303, {4, 3}));
-    const float fine = std::fabs(gradientNoise({7 * (u + pullU), 5 * (v - pullV), 3.5F}, 304, {7, 5}));
-    const float drops = cellNoise(6 * (u + pullU), 5 * (v + pullV), 305, {6, 5}).nearest;
-    return 0.75F * power(saturate(1 - 2.4F * broad), 1.5F) + 0.30F * power(saturate(1 - 2.6F * fine), 2) +
-           0.35F * smoothStep(0.36F, 0.04F, drops);
-}
-
-} // namespace
-
-// "slem4.jpg": wet slime on black. Added over the petrol chrome, which fills the frame, so it stays below half
-// brightness; and, with light added to it, the skin of the tube.
-void makeSlime(const std::string& path) {
-    constexpr int fine = 768;
-    const Relief heights = Relief(fine, slimeHeight).lowPass(5);
-    Picture picture = shadedRelief(256, heights, [&](int x, int y) {
-        static const Vec3 key = normalize({-0.5F, -0.6F, 0.6F});
-        static const Vec3 rim = normalize({0.8F, 0.4F, 0.25F});
-        const Vec3 normal = heights.normal(x, y, 0.11F);
-        const float height = heights.at(x, y);
-        const float lit = saturate(dot(normal, key));
-        const float thick = smoothStep(0.22F, 0.85F, height);
-        Colour light = mix(palette::ink * 0.3F, mix(palette::petrol * 1.2F, palette::teal * 0.8F, thick), thick) *
-                       (0.06F + 0.60F * lit);
-        light += thinFilm(normal.z, 0.5F + 0.45F * height) * (0.05F * thick);
-        const Vec3 half = normalize(key + Vec3{0, 0, 1});
-        const float gate = smoothStep(0.16F, 0.5F, height);
-        light +=
-            palette::ice *
-            (gate * (0.42F * power(saturate(dot(normal, half)), 70) + 0.03F * power(saturate(dot(normal, half)), 10)));
-        const Vec3 rimHalf = normalize(rim + Vec3{0, 0, 1});
-        light += palette::amber * (gate * 0.55F * power(saturate(dot(normal, rimHalf)), 30));
-        return light;
-    });
-    picture = withBloom(picture, {1.5F, 0.10F, 8, 0.08F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.30F, false, 0.6F}));
-}
-
 } // namespace lumenfold::art

@@ -51,38 +51,4 @@ void makeFloorGrid(const std::string& path) {
     writeBitmap(path, developed(picture));
 }
 
-// "cubet4.jpg": ribs of the ray tunnel. A row is drawn up to eight pixels long and more where the tunnel is near, and a
-// column two or three wide; the two halves of the tunnel mirror each other at columns 0 and 255. Along the rows every
-// edge falls between two texels: a slow glow would show as steps.
-void makeRibTunnel(const std::string& path) {
-    Picture picture = texture(256, 4, [](float u, float v) {
-        const int row = static_cast<int>(256 * v);
-        const int rib = row / 32; // eight ribs to a tile
-        const int part = row % 32;
-        const auto within = [part](int first, int end) { return part >= first && part < end ? 1.0F : 0.0F; };
-        const float mirrored = 2 * fromLine(0.5F * u); // 0 at one seam, 1 at the other
-        const float panels = 6;
-        const float column = mirrored * panels + 0.5F * static_cast<float>(rib % 2);
-        const int panel = static_cast<int>(std::floor(column));
-        const float across = fromLine(column);
-        const float shade = hashUnit(panel, rib & 7, 0, 411);
-        const float cloud = fractalNoise({8 * mirrored, 3, 2}, 2, 412);
-        // a recessed channel, a raised rib with bevels, panels with a step between
-        const float seam = smoothStep(0.020F, 0.045F, across);
-        const float inner = smoothStep(0.10F, 0.12F, across);
-        Colour light = palette::deep * (0.30F + 0.3F * cloud);
-        const Colour plate = palette::petrol * (0.30F + 0.65F * shade + 0.3F * cloud);
-        light = mix(light, plate * 0.72F, within(3, 20) * seam);
-        light = mix(light, plate, within(7, 16) * inner);
-        light += palette::teal * (0.26F * within(2, 3) * seam) +
-                 palette::amber * (0.24F * within(20, 21) * seam * (rib % 2 == 0 ? 1.0F : 0.0F));
-        const Colour glow = rib % 4 == 2 ? palette::amber : palette::teal;
-        const float cut = smoothStep(0.42F, 0.39F, fromLine(3 * mirrored + 0.2F * static_cast<float>(rib)));
-        const float lit = rib % 2 == 0 ? cut : 0.0F; // lamps in every second channel
-        light += (glow * (0.30F * within(24, 29)) + palette::ice * (0.75F * within(25, 28))) * lit;
-        return light;
-    });
-    writeBitmap(path, developed(picture));
-}
-
 } // namespace lumenfold::art

@@ -86,45 +86,24 @@ void makeOilMirror(const std::string& path) {
     writeBitmap(path, developed(picture));
 }
 
-namespace {
-
-// A hall of machines around the object: lamps in rows along rings of latitude, dark panels between.
-Colour machineHall(Vec3 direction) {
-    const float elevation = angleOf(direction.y, length(direction.x, direction.z));
-    const float azimuth = angleOf(direction.x, direction.z);
-    Colour light = mix(palette::ink * 0.6F, palette::petrol * 0.5F, smoothStep(-0.7F, 1.2F, elevation));
-    const float row = (elevation + 0.5F * pi) * 4.1F;
-    const int ring = static_cast<int>(std::floor(row));
-    const float across = std::fabs(row - static_cast<float>(ring) - 0.5F);
-    const float segments = 12;
-    const float column = (azimuth / (2 * pi) + 0.5F) * segments + 0.37F * static_cast<float>(ring);
-    const int segment = static_cast<int>(std::floor(column));
-    const float along = std::fabs(column - static_cast<float>(segment) - 0.5F);
-    const int wrappedSegment = segment % static_cast<int>(segments);
-    const float choice = hashUnit(wrappedSegment, ring, 0, 92);
-    const float panel = smoothStep(0.47F, 0.40F, across) * smoothStep(0.48F, 0.43F, along);
-    light += palette::petrol * (0.55F * panel * (0.25F + 0.75F * hashUnit(wrappedSegment, ring, 1, 92)));
-    const float strip = smoothStep(0.15F, 0.08F, across) * smoothStep(0.44F, 0.36F, along);
-    const Colour lamp = choice < 0.16F ? palette::amber * 2.0F : choice < 0.46F ? palette::teal * 1.5F : Colour{};
-    light += lamp * strip;
-    light += palette::ice * (1.1F * (choice > 0.93F ? strip : 0.0F));
-    return light;
-}
-
-} // namespace
-
-// Dark glass in a hall of light strips, for facets and spikes: each facet catches another lamp.
-void makeMachineMirror(const std::string& path) {
-    static const SoftBox key = {{-0.62F, 0.70F, 0.58F}, {0, 1, 0}, 0.15F, 0.55F, 0.12F};
+// Polished bone in a red throat: two soft boxes, a horizon, and the red that the walls throw back from all sides.
+void makeBoneMirror(const std::string& path) {
+    static const SoftBox key = {{-0.58F, 0.72F, 0.52F}, {0, 1, 0}, 0.30F, 0.52F, 0.20F};
+    static const SoftBox fill = {{0.78F, 0.30F, 0.30F}, {0, 1, 0}, 0.16F, 0.70F, 0.25F};
     Picture picture = environmentMap([](Vec3 normal) {
         const Vec3 direction = mirrorDirection(normal);
-        Colour light = machineHall(direction) + palette::ice * (4.0F * seen(key, direction));
-        light += thinFilm(normal.z, 0.75F) * palette::teal * 0.10F;
-        light += mix(palette::teal, palette::amber, smoothStep(-0.2F, 0.7F, normal.x)) * (0.8F * fresnel(normal));
-        return tamed(light, 0.2F);
+        const float up = direction.y + 0.10F * sine(2.2F * direction.x + 0.7F);
+        const float lit = saturate(0.34F + 0.66F * dot(normal, normalize({-0.45F, 0.62F, 0.64F})));
+        Colour light = mix(fromHex(0x3A0710), fromHex(0xE9DCC4) * 0.85F, lit * lit);
+        light =
+            mix(light, fromHex(0x7A1018) * 0.8F, 0.55F * smoothStep(0.05F, -0.25F, up) * smoothStep(-1.0F, -0.3F, up));
+        light += fromHex(0xFF7A3C) * (0.35F * bell(up + 0.02F, 0.06F));
+        light += fromHex(0xFFF6E6) * (1.1F * seen(key, direction) + 0.6F * seen(fill, direction));
+        light += fromHex(0xC81E2B) * (0.9F * fresnel(normal));
+        return tamed(light, 0.12F);
     });
-    picture = withBloom(picture, {2.5F, 0.25F, 12, 0.16F}, Edge::clamp);
-    writeBitmap(path, developed(picture));
+    picture = withBloom(picture, {2, 0.15F, 10, 0.10F}, Edge::clamp);
+    writeBitmap(path, developed(picture, {0.95F, true, 0.6F}));
 }
 
 // The colour layer of the two-layer body: lit membranes, dim enough for the sum with the chrome highlights. Read

@@ -3,48 +3,56 @@
 #include "forge/encode.h"
 #include "forge/noise.h"
 #include "forge/relief.h"
-#include "forge/studio.h"
 
-// "petrolenv.jpg": liquid chrome under a film of oil. Three scenes look through it magnified two to five times, and
-// two of them let it stream past, so its shapes are as large as a tile allows. Two add a second texture to it: it keeps
-// a third of the range free for that.
+// "petrolenv.jpg": three ribbons of silk, violet, magenta and gold. The twin tunnel bends their rows into rings around
+// its mouths, part 7 lets them flow over the whole frame and part 1 dissolves into them, so they are broad, soft and
+// bright, and tile both ways.
 
 namespace lumenfold::art {
 
 namespace {
 
-// Folded like heavy cloth: a sine of a place that noise and another sine have moved.
-float foldHeight(float u, float v) {
-    const Period period = {2, 2};
-    const Vec3 place = {2 * u, 2 * v, 0.4F};
-    const float warpU = 0.34F * fractalNoise(place, 2, 41, period);
-    const float warpV = 0.34F * fractalNoise(place + Vec3{0, 0, 5}, 2, 42, period);
-    const float phase = 2 * pi * (u + 2 * v + 1.6F * warpU + 1.2F * warpV);
-    const float fold = sine(phase + 1.1F * sine(2 * pi * (2 * u - v + warpV)));
-    return 0.5F * fold + 0.22F * sine(2 * pi * (2 * u - v + 1.5F * warpV) + 0.8F) +
-           0.35F * gradientNoise({3 * u, 3 * v, 2.5F}, 43, {3, 3});
+struct Silk {
+    Colour shadow;
+    Colour body;
+    Colour sheen;
+};
+
+// Where the fold across a ribbon catches light: 0 at its dark hem, two crests between.
+float foldLight(float across, float slack) {
+    const float hem = smoothStep(0, 0.24F, across) * smoothStep(1, 0.86F, across);
+    const float crest = bell(across - 0.38F - 0.08F * slack, 0.16F);
+    const float second = 0.55F * bell(across - 0.76F + 0.05F * slack, 0.07F);
+    return hem * (0.26F + 0.74F * crest + second);
 }
 
 } // namespace
 
 void makePetrolEnvironment(const std::string& path) {
-    constexpr int fine = 768;
-    const Relief heights = Relief(fine, foldHeight).lowPass(9.0F);
-    Picture picture = shadedRelief(256, heights, [&](int x, int y) {
-        const Vec3 slope = heights.normal(x, y, 0.10F);
-        const Vec3 normal = {slope.x, -slope.y, slope.z}; // the studio's y points up
-        const float height = heights.at(x, y);
-        const Vec3 place = {2 * static_cast<float>(x) / fine, 2 * static_cast<float>(y) / fine, 7};
-        const float drift = fractalNoise(place, 3, 44, {2, 2});
-        const Colour oil = iridescence(0.37F + 0.24F * height - 0.50F * normal.y + 0.32F * normal.x + 0.80F * drift);
-        const float facing = smoothStep(-0.75F, 0.65F, normal.y * 0.8F - normal.x * 0.6F + 0.3F * height);
-        Colour light = oil * mix(0.10F, 0.95F, facing * facing) * mix(0.35F, 1.0F, smoothStep(-0.95F, 0.3F, height));
-        const Colour lamps = mirrored(normalize(normal * Vec3{0.8F, 0.8F, 1}));
-        light += lamps * (1 / (1 + 0.35F * largest(lamps))) * mix(Colour{1, 1, 1}, oil * 2, 0.85F) * 0.28F;
-        return light + palette::petrol * 0.06F;
+    static const Silk ribbons[] = {
+        {fromHex(0x12042A), fromHex(0x6A22B8), fromHex(0xC9A0FF)},
+        {fromHex(0x2A0430), fromHex(0xE83FA8), fromHex(0xFFC4E4)},
+        {fromHex(0x3A1008), fromHex(0xE08A2A), fromHex(0xFFE2A0)},
+    };
+    Picture picture = texture(256, 4, [](float u, float v) {
+        const float turn = 2 * pi * u;
+        const float slack = gradientNoise({3 * u, 3 * v, 0.5F}, 41, {3, 3});
+        const float drift = 0.11F * sine(turn + 0.6F) + 0.045F * sine(2 * turn + 2.1F) + 0.050F * slack;
+        const float place = 3 * (v + drift) + 6;
+        const int index = static_cast<int>(std::floor(place));
+        const float across = place - static_cast<float>(index);
+        const Silk& silk = ribbons[index % 3];
+        const float lit = foldLight(across, slack + 0.6F * sine(turn + 2.0F * static_cast<float>(index % 3)));
+        const float thread = 1 + 0.10F * fractalNoise({4 * u, 24 * v, 2}, 3, 42, {4, 24});
+        Colour light = mix(silk.shadow * 0.6F, silk.body, saturate(1.1F * lit * lit) * thread);
+        light += silk.sheen * (0.55F * power(saturate(lit - 0.55F), 1.5F));
+        // light that the neighbour throws back under the hem
+        const Silk& next = ribbons[(index + 1) % 3];
+        light += next.body * (0.20F * bell(across - 0.93F, 0.06F));
+        return light;
     });
-    picture = withBloom(picture, {2, 0.20F, 14, 0.12F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.27F, true, 0.6F}));
+    picture = withBloom(picture, {3, 0.22F, 16, 0.14F}, Edge::wrap);
+    writeBitmap(path, developed(picture, {0.66F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

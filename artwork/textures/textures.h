@@ -10,7 +10,7 @@ void makePetrolEnvironment(const std::string& path);
 
 void makeChromeMirror(const std::string& path);
 void makeOilMirror(const std::string& path);
-void makeMachineMirror(const std::string& path);
+void makeBoneMirror(const std::string& path);
 void makeMembraneMirror(const std::string& path);
 
 void makeTunnelCells(const std::string& path);
@@ -18,7 +18,7 @@ void makeAddedCells(const std::string& path);
 void makeSlime(const std::string& path);
 
 void makeFloorGrid(const std::string& path);
-void makeRibTunnel(const std::string& path);
+void makeThroat(const std::string& path);
 
 void makeRingFlare(const std::string& path);
 void makeSparkFlare(const std::string& path);

@@ -97,9 +97,8 @@ ModulePlayer::ModulePlayer(const std::vector<std::uint8_t>& bytes, const std::st
     } catch (const openmpt::exception& error) {
         throw std::runtime_error(fileName + ": not an XM module: " + error.what());
     }
-    if (layout.missing > 0)
-        notice(fileName,
-               "the file ends early; " + std::to_string(layout.missing) + " bytes of its samples are missing");
+    if (layout.cutShort)
+        notice(fileName, "the file ends early; some of its samples are missing");
     renderBlock();
 }
 

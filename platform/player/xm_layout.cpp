@@ -26,7 +26,6 @@ class Walk {
     void skip(std::uint64_t bytes) { position += bytes; }
     void skipHeader(std::uint64_t size) { skip(std::max<std::uint64_t>(size, 4)); }
     bool pastEnd() const { return position > file.size(); }
-    std::uint64_t missing() const { return pastEnd() ? position - file.size() : 0; }
 
   private:
     const std::vector<std::uint8_t>& file;
@@ -91,7 +90,7 @@ XmLayout xmLayout(const std::vector<std::uint8_t>& file) {
     if (version < version104)
         skipPatterns();
     walk.skip(samples);
-    layout.missing = walk.missing();
+    layout.cutShort = walk.pastEnd();
     return layout;
 }
 

@@ -5,7 +5,9 @@
 #include "forge/encode.h"
 #include "forge/noise.h"
 
+#include <algorithm>
 #include <cairo.h>
+#include <vector>
 
 namespace lumenfold::art {
 
@@ -79,66 +81,65 @@ void makeCircuitBand(const std::string& path) {
 
 namespace {
 
-// The outline of the opening in the plate, with cut corners and a notch for the name.
-void openingPath(cairo_t* cairo, double inset) {
-    const double left = 22 + inset, right = 490 - inset, top = 26 + inset, bottom = 352 - inset, cut = 26;
-    cairo_move_to(cairo, left + cut, top);
-    cairo_line_to(cairo, 300 + inset, top);
-    cairo_line_to(cairo, 312 + inset, top + 12);
-    cairo_line_to(cairo, right, top + 12);
-    cairo_line_to(cairo, right, bottom - cut);
-    cairo_line_to(cairo, right - cut, bottom);
-    cairo_line_to(cairo, 214 - inset, bottom);
-    cairo_line_to(cairo, 200 - inset, bottom - 14);
-    cairo_line_to(cairo, left, bottom - 14);
-    cairo_line_to(cairo, left, top + cut);
-    cairo_close_path(cairo);
+// Four letters, two to a row, so large that every edge of the screen cuts them, and a round window where they meet.
+void letterHoles(const Canvas& canvas) {
+    constexpr const char* letters[2][2] = {{"F", "O"}, {"L", "D"}};
+    constexpr double size = 318; // capitals of 220 pixels
+    for (int row = 0; row < 2; ++row)
+        for (int column = 0; column < 2; ++column) {
+            const char* const letter = letters[row][column];
+            const double wide = canvas.widthOf(letter, Face::StrongBold, size);
+            const double x = column == 0 ? -18 : 530 - wide;
+            canvas.text(x, row == 0 ? 196 : 408, letter, Face::StrongBold, size);
+        }
+    cairo_arc(canvas.cairo(), 256, 192, 118, 0, turn);
+    cairo_fill(canvas.cairo());
 }
 
-void drawPlate(const Canvas& canvas) {
-    canvas.plane({{0, 0}, {512, 0}, {512, 384}, {0, 384}}, {0x123F49, 1}, {ink, 1});
-    canvas.plane({{0, 0}, {250, 0}, {130, 384}, {0, 384}}, {petrol, 0.75}, {deep, 0.1});
-    canvas.plane({{330, 0}, {512, 0}, {512, 300}, {420, 120}}, {0x1B6A74, 0.6}, {ink, 0});
-    canvas.ink(ice, 0.25);
-    canvas.line(250, 0, 130, 384, 0.8);
-    canvas.line(330, 0, 512, 210, 0.8);
-    cairo_t* cairo = canvas.cairo();
-    canvas.ink(teal, 0.95);
-    cairo_set_line_width(cairo, 1.6);
-    openingPath(cairo, -4);
-    cairo_stroke(cairo);
-    canvas.ink(amber, 0.95);
-    cairo_set_line_width(cairo, 2.2);
-    cairo_move_to(cairo, 40, 352 - 14 + 4.2);
-    cairo_line_to(cairo, 170, 352 - 14 + 4.2);
-    cairo_stroke(cairo);
-    canvas.ink(ice, 0.95);
-    canvas.text(318, 31, "lumenfold", Face::StrongBold, 20, 2);
-    canvas.ink(0x8FE8DA);
-    canvas.text(28, 372, "the surface is where light changes its mind", Face::TextBold, 13, 0.7);
-    canvas.ink(amber);
-    canvas.rectangle(470, 22, 8, 8);
-    for (int i = 0; i < 60; ++i) {
-        canvas.ink(teal, i % 5 == 0 ? 0.95 : 0.45);
-        canvas.rectangle(i % 5 == 0 ? 3 : 6, 30 + i * 5.2, i % 5 == 0 ? 9 : 6, 1);
-        canvas.rectangle(500, 30 + i * 5.2, i % 5 == 0 ? 9 : 6, 1);
-    }
+// How far a pixel is from the nearest hole, for the first few pixels: the bevel of the cut.
+std::vector<float> fromHole(const Bitmap& mask, int reach) {
+    std::vector<float> distance(static_cast<std::size_t>(mask.width) * mask.height, static_cast<float>(reach));
+    for (int y = 0; y < mask.height; ++y)
+        for (int x = 0; x < mask.width; ++x) {
+            float& nearest = distance[static_cast<std::size_t>(y) * mask.width + x];
+            for (int dy = -reach; dy <= reach; ++dy)
+                for (int dx = -reach; dx <= reach; ++dx) {
+                    const int px = std::clamp(x + dx, 0, mask.width - 1);
+                    const int py = std::clamp(y + dy, 0, mask.height - 1);
+                    if (mask.rgb[3 * (static_cast<std::size_t>(py) * mask.width + px)] >= 128)
+                        nearest = std::min(nearest, length(static_cast<float>(dx), static_cast<float>(dy)));
+                }
+        }
+    return distance;
 }
 
 } // namespace
 
-// Opaque where it is not exactly white: the plate is cut without half-covered pixels, so no white shines at its edge.
+// Opaque where it is not exactly white: ink with gold along the cut, which has no half-covered pixels, so that no white
+// shines at its edge.
 void makeOverlayPlate(const std::string& path) {
-    const Canvas plate(512, 384, ink);
-    drawPlate(plate);
+    constexpr int reach = 9;
     const Canvas hole(512, 384, 0);
     hole.ink(0xFFFFFF);
-    openingPath(hole.cairo(), 0);
-    cairo_fill(hole.cairo());
-    Bitmap picture = plate.bitmap();
+    letterHoles(hole);
     const Bitmap mask = hole.bitmap();
+    const std::vector<float> distance = fromHole(mask, reach);
+    Picture plate(512, 384);
+    plate.change([&](Colour, int x, int y) {
+        const float far = distance[static_cast<std::size_t>(y) * 512 + static_cast<std::size_t>(x)];
+        const float u = static_cast<float>(x) / 512;
+        const float v = static_cast<float>(y) / 384;
+        const float sheen = bell(u - 0.25F - 0.5F * v, 0.10F) + 0.6F * bell(u - 0.62F - 0.5F * v, 0.05F);
+        Colour light = mix(fromHex(0x03040C), fromHex(0x10206B), 0.30F + 0.45F * sheen);
+        light = light * (1 + 0.25F * fractalNoise({6 * u, 90 * v, 1}, 2, 77));
+        const float lit = smoothStep(1.2F, 0.1F, u + v - 0.25F);
+        light += fromHex(0xFFC04A) * (bell(far - 1.0F, 0.9F) * (0.45F + 0.8F * lit));
+        light += fromHex(0xFFC04A) * (0.10F * bell(far - 2.0F, 3.0F));
+        return light;
+    });
+    Bitmap picture = developed(plate, {1, false, 0});
     for (std::size_t i = 0; i < picture.rgb.size(); ++i)
-        picture.rgb[i] = mask.rgb[i] >= 128 ? 255 : std::min<std::uint8_t>(picture.rgb[i], 254);
+        picture.rgb[i] = mask.rgb[i] >= 128 ? 255 : std::min<std::uint8_t>(picture.rgb[i], 250);
     writeBitmap(path, picture);
 }
 

@@ -10,7 +10,7 @@ namespace lumenfold::art {
 void makeLiquidFolds(const std::string& path);
 void makeMachineCore(const std::string& path);
 void makeFireWreath(const std::string& path);
-void makeSpongeCavern(const std::string& path);
+void makeMasonry(const std::string& path);
 void makeRingGallery(const std::string& path);
 void makePrisonFrame(const std::string& path);
 

@@ -44,13 +44,12 @@ void makeRingFlare(const std::string& path) {
     writeBitmap(path, developed(picture, plain));
 }
 
-// "bfs0.pcx": a spark, and one of the 1000 to 1700 flares of a metaball: a few levels of halo, a small core.
+// "bfs0.pcx": a spark, and one of the 1000 to 1700 flares of a metaball: broad and dim, so that neighbours melt into
+// one glowing body whose middle goes from ember through gold to white.
 void makeSparkFlare(const std::string& path) {
     const Picture picture = sprite(16, [](float x, float y) {
-        const float r = length(x, y);
-        const float core = exponential(-r * r * 16);
-        return palette::amber * (0.085F * core) + palette::ice * (0.020F * exponential(-r * r * 60)) +
-               palette::ember * (0.045F * exponential(-r * r * 5)) + palette::teal * (0.014F * exponential(-r * 2.2F));
+        const float r = length(x, y) * 8; // pixels
+        return fromHex(0x4E240D) * bell(r, 3.1F) + fromHex(0x1C1408) * bell(r, 1.1F);
     });
     writeBitmap(path, developed(picture, plain));
 }

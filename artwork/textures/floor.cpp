@@ -15,40 +15,27 @@ float fromLine(float x) {
     return std::fabs(x - std::floor(x + 0.5F));
 }
 
-// A lamp under glass: a hot core in a soft glow.
-Colour tube(float distance, float width, Colour colour) {
-    return colour * bell(distance, width) + palette::ice * (0.55F * bell(distance, width * 0.45F));
-}
-
 } // namespace
 
-// "fdgrid.jpg": glass floor over light channels. One large plate to a tile, seen far off at grazing angles and
-// scrolled 22 texels a frame: nothing in it is narrower than about eight texels.
+// "fdgrid.jpg": gold laid into ink. Part 10 dances over it, and under the film strip of part 5 it reads as sepia. Seen
+// at grazing angles and scrolled 22 texels a frame: nothing in it is narrower than about eight texels.
 void makeFloorGrid(const std::string& path) {
     Picture picture = texture(256, 3, [](float u, float v) {
         const float du = fromLine(u);
         const float dv = fromLine(v);
         const float cloud = fractalNoise({3 * u, 3 * v, 1}, 3, 401, {3, 3});
-        Colour light = mix(palette::ink, palette::deep, 0.9F + 1.2F * cloud);
-        const float plate = smoothStep(0.055F, 0.085F, std::min(du, dv));
-        light += palette::petrol * (plate * (0.22F + 0.35F * (1 - v) * u + 0.30F * cloud));
-        const float inner = std::max(std::fabs(u - 0.5F), std::fabs(v - 0.5F));
-        light += palette::petrol * (0.7F * bell(inner - 0.36F, 0.020F));
-        light += tube(du, 0.020F, palette::teal * 1.1F);
-        light += tube(dv, 0.020F, palette::teal * 0.8F);
-        const float knot = length(du, dv);
-        light += palette::amber * (1.6F * bell(knot, 0.050F)) + palette::ember * (0.7F * bell(knot, 0.13F));
-        // the plate is folded along a diagonal: one half faces the light, the crease glows
-        const float fold = (u - 0.5F) + (v - 0.5F);
-        const float inPlate = smoothStep(0.345F, 0.325F, inner);
-        light += palette::petrol *
-                 (0.55F * inPlate * smoothStep(0.015F, -0.015F, fold) * (0.5F + 1.2F * (u + 1 - v) * 0.5F));
-        light += mix(palette::teal, palette::ice, 0.5F) * (0.55F * inPlate * bell(fold, 0.016F));
-        light += palette::petrol * (0.35F * inPlate * bell(fold, 0.07F));
+        Colour light = mix(fromHex(0x03040C), fromHex(0x10206B), 0.35F + 0.7F * cloud);
+        const Colour gold = fromHex(0xFFC04A);
+        light += gold * (0.75F * bell(du, 0.022F) + 0.55F * bell(dv, 0.022F));
+        light += fromHex(0x8A4A10) * (0.30F * bell(du, 0.070F) + 0.25F * bell(dv, 0.070F));
+        const float middle = length(u - 0.5F, v - 0.5F);
+        light +=
+            gold * (0.42F * bell(middle - 0.27F, 0.020F)) + fromHex(0x8A4A10) * (0.20F * bell(middle - 0.27F, 0.06F));
+        light += fromHex(0xFFF0C8) * (0.9F * bell(length(du, dv), 0.045F)) + gold * (0.5F * bell(middle, 0.050F));
         return light;
     });
     picture = withBloom(picture, {3, 0.12F, 14, 0.16F}, Edge::wrap);
-    writeBitmap(path, developed(picture));
+    writeBitmap(path, developed(picture, {0.95F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

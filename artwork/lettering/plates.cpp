@@ -1,4 +1,4 @@
-// Plates with drawn machinery: the circuit band added over the ring, and the frame laid over the metaballs.
+// The band of creases added over the ring, and the plate of letters laid over the metaballs.
 
 #include "artwork/lettering/lettering.h"
 #include "forge/canvas.h"
@@ -15,66 +15,23 @@ namespace {
 
 using Face = Canvas::Face;
 
-constexpr std::uint32_t ink = 0x05070D, deep = 0x0B2A33, petrol = 0x14525C, teal = 0x2FB7A8, ice = 0xEAF6FF,
-                        amber = 0xFF8A1E;
 constexpr double turn = 6.283185307179586;
-
-void ring(const Canvas& canvas, double x, double y, double radius, double thickness, double from = 0,
-          double to = turn) {
-    cairo_set_line_width(canvas.cairo(), thickness);
-    cairo_new_sub_path(canvas.cairo());
-    cairo_arc(canvas.cairo(), x, y, radius, from, to);
-    cairo_stroke(canvas.cairo());
-}
-
-// A segmented wheel with a light in its middle.
-void wheel(const Canvas& canvas, double x, double y, double radius, int seed) {
-    canvas.ink(petrol, 0.5);
-    for (int i = 0; i < 24; ++i)
-        if (hashUnit(i, seed, 1, 11) > 0.25F)
-            ring(canvas, x, y, radius, 5.5, i * turn / 24, (i + 0.72) * turn / 24);
-    canvas.ink(teal, 0.55);
-    ring(canvas, x, y, radius - 4.6, 1.0);
-    canvas.ink(amber, 0.75);
-    const double start = static_cast<double>(hashUnit(seed, 2, 3, 12)) * turn;
-    ring(canvas, x, y, radius - 8, 1.6, start, start + 1.9);
-    canvas.ink(ice, 0.7);
-    ring(canvas, x, y, 2.2, 1.4);
-}
 
 } // namespace
 
-// Added; 512 x 70 with 40 rows in sight, running past four columns a frame: closes on itself sideways.
+// Added; 512 x 70 with 40 rows in sight, running past four columns a frame: creases of one pixel in dark cobalt, which
+// close on themselves sideways.
 void makeCircuitBand(const std::string& path) {
-    const Canvas canvas(512, 70, 0x02070A);
-    for (int copy = -1; copy <= 1; ++copy) { // what leaves on the right comes in on the left
-        cairo_save(canvas.cairo());
-        cairo_translate(canvas.cairo(), copy * 512, 0);
-        for (int track = 0; track < 9; ++track) {
-            const double y = 4 + track * 7.75;
-            double x = static_cast<double>(hashUnit(track, 0, 0, 21)) * 60;
-            for (int piece = 0; x < 500; ++piece) {
-                const double length = 20 + 70 * static_cast<double>(hashUnit(track, piece, 1, 22));
-                const bool bright = hashUnit(track, piece, 2, 23) > 0.72F;
-                canvas.ink(bright ? 0x8FE8DA : teal, bright ? 0.40 : 0.20);
-                const double bend = hashUnit(track, piece, 3, 24) > 0.5F ? 7.75 : 0;
-                canvas.line(x, y, x + length * 0.6, y, bright ? 1.1 : 0.8);
-                if (bend > 0)
-                    canvas.line(x + length * 0.6, y, x + length * 0.6 + bend, y + bend, 0.8);
-                canvas.rectangle(x + length * 0.6 + bend - 1.3, y + bend - 1.3, 2.6, 2.6);
-                if (hashUnit(track, piece, 4, 25) > 0.8F) {
-                    canvas.ink(amber, 0.7);
-                    canvas.rectangle(x - 2, y - 1.6, 5, 3.2);
-                }
-                x += length + 14;
-            }
-        }
-        wheel(canvas, 70, 22, 17, 1);
-        wheel(canvas, 182, 30, 24, 2);
-        wheel(canvas, 300, 18, 13, 3);
-        wheel(canvas, 372, 42, 22, 4);
-        wheel(canvas, 470, 24, 18, 5);
-        cairo_restore(canvas.cairo());
+    const Canvas canvas(512, 70, 0x02030C);
+    for (int crease = 0; crease < 26; ++crease) {
+        const auto random = [&](int which) { return static_cast<double>(hashUnit(crease, which, 0, 21)); };
+        const double x = 512 * random(0);
+        const double y = 70 * random(1);
+        const double reach = 60 + 150 * random(2);
+        const double fall = 26 * (random(3) - 0.5) + (crease % 3 == 0 ? 40 * (random(4) - 0.5) : 0);
+        canvas.ink(crease % 9 == 4 ? 0xFF3B1F : crease % 4 == 0 ? 0xF2F6FF : 0x4E7BFF, 0.16 + 0.07 * random(5));
+        for (int copy = -1; copy <= 1; ++copy) // what leaves on the right comes in on the left
+            canvas.line(x + 512 * copy, y, x + reach + 512 * copy, y + fall, 1.0);
     }
     writeBitmap(path, canvas.bitmap());
 }

@@ -14,9 +14,6 @@ namespace {
 
 using Face = Canvas::Face;
 
-constexpr std::uint32_t ink = 0x05070D, deep = 0x0B2A33, petrol = 0x14525C, teal = 0x2FB7A8, ice = 0xEAF6FF,
-                        amber = 0xFF8A1E, ember = 0x8C1F0A;
-
 struct Verse {
     const char* strong;
     const char* lines[4];
@@ -32,19 +29,20 @@ void makeTextStrip(const std::string& path) {
         {"matter", {"is what stays", "when folded", "light", "grows cold."}},
         {"you", {"are the fold", "in which", "all of this", "is bright."}},
     };
+    constexpr std::uint32_t silver = 0xF2F6FF, blue = 0x4E7BFF, vermilion = 0xFF3B1F;
     const Canvas canvas(128, 512, 0);
     double y = 26;
     int number = 1;
     for (const Verse& verse : verses) {
-        canvas.ink(amber, 0.9);
+        canvas.ink(vermilion, 0.95);
         canvas.rectangle(10, y - 6, 6, 6);
-        canvas.ink(teal, 0.8);
+        canvas.ink(blue, 0.9);
         canvas.text(22, y, "0" + std::to_string(number++), Face::TextBold, 9, 1);
-        canvas.ink(teal, 0.45);
+        canvas.ink(blue, 0.5);
         canvas.rectangle(38, y - 3.4, 76, 0.8);
-        canvas.ink(ice, 0.92);
+        canvas.ink(silver, 0.95);
         canvas.text(9, y + 27, verse.strong, Face::StrongBold, 27, 0.4);
-        canvas.ink(0xBFEDE6, 0.78);
+        canvas.ink(0xC4D2FF, 0.8);
         double row = y + 45;
         for (const char* line : verse.lines) {
             canvas.text(11, row, line, Face::TextBold, 13, 0.5);
@@ -57,37 +55,27 @@ void makeTextStrip(const std::string& path) {
 
 // Added at the right edge over a dark place; 91 x 351.
 void makeRoleStrip(const std::string& path) {
+    constexpr std::uint32_t ivory = 0xE9E6DC, stone = 0x9FA7A9, vermilion = 0xE23B1C;
     constexpr const char* roles[][2] = {
         {"code", "every pixel"}, {"pictures", "every ray"}, {"objects", "every fold"}, {"music", "every row"}};
     const Canvas canvas(91, 351, 0);
-    canvas.plane({{91, 0}, {91, 351}, {0, 351}, {0, 0}}, {0x0E3A44, 0.55}, {ink, 0.2});
-    canvas.plane({{91, 20}, {91, 150}, {18, 230}, {40, 120}}, {teal, 0.34}, {deep, 0});
-    canvas.plane({{91, 150}, {91, 262}, {30, 330}, {18, 230}}, {amber, 0.30}, {ember, 0});
-    canvas.plane({{40, 120}, {18, 230}, {0, 180}}, {ice, 0.15}, {teal, 0});
-    canvas.ink(ice, 0.5);
+    canvas.plane({{91, 20}, {91, 190}, {18, 230}, {40, 120}}, {stone, 0.22}, {stone, 0.02});
+    canvas.plane({{91, 190}, {91, 300}, {30, 330}, {18, 230}}, {vermilion, 0.55}, {vermilion, 0.05});
+    canvas.plane({{40, 120}, {18, 230}, {0, 180}}, {ivory, 0.12}, {ivory, 0});
+    canvas.ink(ivory, 0.55);
     canvas.line(91, 20, 40, 120, 0.7);
     canvas.line(40, 120, 18, 230, 0.7);
     canvas.line(18, 230, 30, 330, 0.7);
-    for (int i = 0; i < 351; i += 6) {
-        canvas.ink(teal, i % 30 == 0 ? 0.9 : 0.35);
-        canvas.rectangle(5, i, i % 30 == 0 ? 7 : 3, 0.9);
-    }
-    double y = 38;
+    double y = 26;
     for (const auto& role : roles) {
-        canvas.ink(amber);
-        canvas.rectangle(17, y - 7, 5.5, 5.5);
-        canvas.ink(0x8FE8DA);
-        canvas.text(26, y - 1.2, role[0], Face::TextBold, 11, 0.5);
-        canvas.ink(ice);
-        canvas.text(17, y + 14, role[1], Face::StrongBold, 12.5, 0.1);
-        canvas.ink(ice, 0.3);
-        canvas.rectangle(17, y + 20, 66, 0.8);
-        y += 78;
+        canvas.ink(vermilion);
+        canvas.rectangle(10, y - 7, 6, 6);
+        canvas.ink(stone);
+        canvas.text(21, y - 1.2, role[0], Face::TextBold, 11, 0.5);
+        canvas.ink(ivory);
+        canvas.text(10, y + 15, role[1], Face::StrongBold, 13.5, 0.1);
+        y += 66;
     }
-    canvas.ink(teal, 0.8);
-    cairo_set_line_width(canvas.cairo(), 1);
-    cairo_rectangle(canvas.cairo(), 0.5, 0.5, 90, 350);
-    cairo_stroke(canvas.cairo());
     writeBitmap(path, canvas.bitmap());
 }
 

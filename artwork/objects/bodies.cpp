@@ -1,5 +1,5 @@
-// Bodies for environment maps: two organic blobs and the knot. Smooth closed surfaces; what colours them is
-// chosen by the scenes, so their one surface has no texture.
+// Bodies for environment maps: horns, a star of paper and the knot. Closed surfaces; what colours them is chosen by the
+// scenes, so their one surface has no texture.
 
 #include "artwork/objects/objects.h"
 #include "core/trig.h"
@@ -47,23 +47,55 @@ Model makeBlob() {
         1.9, 0.042, 4000, 1.0);
 }
 
-Model makeSeed() {
-    return body(
-        [](Point p) {
-            const double twist = 2.2 * p.y;
-            const double x = p.x * trig::cos(twist) - p.z * trig::sin(twist);
-            const double z = p.x * trig::sin(twist) + p.z * trig::cos(twist);
-            double d = ellipsoid({x, p.y, z}, {}, {0.55, 1.35, 0.55});
-            for (int i = 0; i < 3; ++i) {
-                const double a = i * 2.0943951;
-                d = join(d,
-                         capsule({x, p.y, z}, Point{trig::cos(a), 0, trig::sin(a)} * 0.55 + Point{0, -0.9, 0},
-                                 Point{trig::cos(a), 0, trig::sin(a)} * 0.55 + Point{0, 0.9, 0}, 0.2, 0.2),
-                         0.22);
-            }
-            return d * 0.6;
-        },
-        1.6, 0.04, 3000, 0.40);
+namespace {
+
+// Faces of an icosahedron with its corners, and what lies between them, pushed in and out: paper folded along hard
+// creases. Every facet has corners of its own, so that no normal is smoothed over a crease.
+class Folding {
+  public:
+    void fold(Point a, Point b, Point c, int depth) {
+        if (depth == 0) {
+            const std::uint32_t first = model.addPoint(a);
+            model.addPoint(b);
+            model.addPoint(c);
+            model.addTriangle(first, first + 1, first + 2, 0);
+            return;
+        }
+        const double reach = depth == 2 ? 0.66 : 1.02; // of the corners around
+        const Point ab = between(a, b, reach);
+        const Point bc = between(b, c, reach);
+        const Point ca = between(c, a, reach);
+        fold(a, ab, ca, depth - 1);
+        fold(ab, b, bc, depth - 1);
+        fold(ca, bc, c, depth - 1);
+        fold(ab, bc, ca, depth - 1);
+    }
+
+    Model model;
+
+  private:
+    static Point between(Point a, Point b, double reach) {
+        return normalized(a + b) * (0.5 * (length(a) + length(b)) * reach);
+    }
+};
+
+} // namespace
+
+// A star of folded paper.
+Model makePaperStar() {
+    constexpr double golden = 1.618033988749895;
+    const Point corners[] = {{-1, golden, 0}, {1, golden, 0}, {-1, -golden, 0}, {1, -golden, 0},
+                             {0, -1, golden}, {0, 1, golden}, {0, -1, -golden}, {0, 1, -golden},
+                             {golden, 0, -1}, {golden, 0, 1}, {-golden, 0, -1}, {-golden, 0, 1}};
+    constexpr int faces[][3] = {{0, 11, 5},  {0, 5, 1},  {0, 1, 7},  {0, 7, 10}, {0, 10, 11}, {1, 5, 9}, {5, 11, 4},
+                                {11, 10, 2}, {10, 7, 6}, {7, 1, 8},  {3, 9, 4},  {3, 4, 2},   {3, 2, 6}, {3, 6, 8},
+                                {3, 8, 9},   {4, 9, 5},  {2, 4, 11}, {6, 2, 10}, {8, 6, 7},   {9, 8, 1}};
+    Folding folding;
+    for (const auto& face : faces)
+        folding.fold(normalized(corners[face[0]]) * 0.62, normalized(corners[face[1]]) * 0.62,
+                     normalized(corners[face[2]]) * 0.62, 2);
+    folding.model.addSurface({"paper", {220, 214, 200}, {}, {}});
+    return folding.model;
 }
 
 Model makeKnot() {

@@ -1,12 +1,9 @@
-// The cube: bevelled edges and on each face a frame round a sunken lens.
+// The cube: folded from white paper. Each face has four squares, each folded along a diagonal, so that a few big facets
+// catch the fire.
 
 #include "artwork/objects/objects.h"
-#include "core/trig.h"
-#include "forge/dressing.h"
-#include "forge/shapes.h"
 
-#include <cmath>
-#include <initializer_list>
+#include <array>
 #include <utility>
 
 namespace lumenfold::art {
@@ -15,106 +12,62 @@ namespace {
 
 constexpr double half = 0.35;
 
-// One face looking to -z, from its bevelled rim to the lens: a square, a frame, a cone, a dome.
-struct Ring {
-    double size;   // half the side, or the radius
-    double round;  // 0 square, 1 circle
-    double height; // over the face's plane, outwards
-};
-constexpr Ring rings[] = {{0.315, 0, 0},      {0.285, 0.10, 0.0}, {0.275, 0.12, -0.02}, {0.265, 0.3, -0.02},
-                          {0.225, 1, -0.02},  {0.215, 1, 0.015},  {0.180, 1, 0.015},    {0.165, 1, -0.045},
-                          {0.105, 1, -0.045}, {0.095, 1, -0.03},  {0.075, 1, 0.005},    {0.045, 1, 0.03},
-                          {0.015, 1, 0.04}};
-constexpr int around = 32;
-
-std::vector<Point> ringOf(const Ring& ring) {
-    std::vector<Point> points;
-    for (const Point& p : ringAround({}, 1, around, 0.7853981633974483)) {
-        const double square = 1 / std::max(std::fabs(p.x), std::fabs(p.z));
-        const double s = ring.size * (square + (1 - square) * ring.round);
-        points.push_back({p.x * s, p.z * s, -half - ring.height});
+// One facet of a face that looks to -z, and how its square is folded: the height of its middle crease.
+void addFoldedFace(Model& face) {
+    constexpr double rise = 0.085;
+    for (int square = 0; square < 4; ++square) {
+        const double left = (square & 1) != 0 ? 0 : -half;
+        const double low = (square & 2) != 0 ? 0 : -half;
+        // the middle of the face stands out, the middle of each square sinks in
+        const auto point = [&](double u, double v) {
+            const double x = left + u * half;
+            const double y = low + v * half;
+            const bool centre = x == 0 && y == 0;
+            const bool sunk = u == 0.5;
+            return face.addPoint({x, y, -half - (centre ? rise : sunk ? -0.6 * rise : 0)});
+        };
+        const std::array<std::array<double, 2>, 5> rim{{{0, 0}, {0, 1}, {1, 1}, {1, 0}, {0, 0}}};
+        for (int side = 0; side < 4; ++side) { // facets do not share corners: creases stay hard
+            const std::uint32_t a = point(rim[side][0], rim[side][1]);
+            const std::uint32_t b = point(rim[side + 1][0], rim[side + 1][1]);
+            const std::uint32_t c = point(0.5, 0.5);
+            face.addTriangle(a, b, c, 0);
+        }
     }
-    return points;
+}
+
+Point turnedTo(int side, Point p) {
+    switch (side) {
+    case 0:
+        return p; // -z
+    case 1:
+        return {-p.x, p.y, -p.z}; // +z
+    case 2:
+        return {p.z, p.y, -p.x}; // -x
+    case 3:
+        return {-p.z, p.y, p.x}; // +x
+    case 4:
+        return {p.x, p.z, -p.y}; // -y
+    default:
+        return {p.x, -p.z, p.y}; // +y
+    }
 }
 
 } // namespace
 
 Model makeCube() {
     Model model;
-    const std::uint32_t none = model.addSurface({"unused", {}, {}, {}});
-    const Medallion medallions[3] = {addMedallion(model, Axis::Z, {}, 0.50), addMedallion(model, Axis::X, {}, 0.50),
-                                     addMedallion(model, Axis::Y, {}, 0.50)};
+    constexpr std::array<std::pair<const char*, Axis>, 3> papers{
+        {{"front", Axis::Z}, {"side", Axis::X}, {"top", Axis::Y}}};
+    for (const auto& [name, axis] : papers)
+        model.addSurface({name, {240, 236, 228}, {{"paper1.jpg", axis, {}, {2 * half, 2 * half, 2 * half}}}, {}});
     Model face;
-    std::vector<std::vector<Point>> skin;
-    for (const Ring& ring : rings)
-        skin.push_back(ringOf(ring));
-    addSkin(face, skin, 0);
-    addCap(face, skin.back(), 0);
+    addFoldedFace(face);
     if (face.normal(face.triangles[0]).z > 0)
         face.flip();
-    if (face.normal(face.triangles.back()).z > 0)
-        for (std::size_t i = face.triangles.size() - around; i < face.triangles.size(); ++i)
-            std::swap(face.triangles[i].corners[1], face.triangles[i].corners[2]);
-    const auto place = [](int side) {
-        return [side](Point p) -> Point {
-            switch (side) {
-            case 0:
-                return p; // -z
-            case 1:
-                return {-p.x, p.y, -p.z}; // +z
-            case 2:
-                return {p.z, p.y, -p.x}; // -x
-            case 3:
-                return {-p.z, p.y, p.x}; // +x
-            case 4:
-                return {p.x, p.z, -p.y}; // -y
-            default:
-                return {p.x, -p.z, p.y}; // +y
-            }
-        };
-    };
-    for (int side = 0; side < 6; ++side) {
-        const std::size_t first = model.triangles.size();
-        model.append(face, place(side), none);
-        const Medallion& medallion = medallions[side / 2];
-        for (std::size_t i = first; i < model.triangles.size(); ++i)
-            model.triangles[i].surface = medallion.surfaceAt(model.centroid(model.triangles[i]));
-    }
-    // bevels between the faces: four corners of each face's rim, joined edge to edge and corner to corner
-    const double b = 0.315;
-    const auto rimAt = [b](int k) { // where the square rim's points lie along a side
-        const double angle = 0.7853981633974483 * (k / 4.0 - 1);
-        return b * trig::sin(angle) / trig::cos(angle);
-    };
-    const Point signs[8] = {{-1, -1, -1}, {1, -1, -1}, {-1, 1, -1}, {1, 1, -1},
-                            {-1, -1, 1},  {1, -1, 1},  {-1, 1, 1},  {1, 1, 1}};
-    const auto outward = [&](std::initializer_list<Point> corners) {
-        std::vector<std::uint32_t> index;
-        Point middle;
-        for (const Point& p : corners) {
-            index.push_back(model.addPoint(p));
-            middle = middle + p * (1.0 / static_cast<double>(corners.size()));
-        }
-        for (std::size_t i = 1; i + 1 < index.size(); ++i) {
-            const bool out = dot(cross(model.points[index[i]] - model.points[index[0]],
-                                       model.points[index[i + 1]] - model.points[index[0]]),
-                                 middle) > 0;
-            model.addTriangle(index[0], out ? index[i] : index[i + 1], out ? index[i + 1] : index[i], none);
-        }
-    };
-    for (const Point& s : signs)
-        outward({{s.x * half, s.y * b, s.z * b}, {s.x * b, s.y * half, s.z * b}, {s.x * b, s.y * b, s.z * half}});
-    for (const double u : {-1.0, 1.0})
-        for (const double v : {-1.0, 1.0})
-            for (int k = 0; k < 8; ++k) { // in the pieces that the rims have
-                const double t0 = rimAt(k);
-                const double t1 = rimAt(k + 1);
-                outward({{u * half, v * b, t0}, {u * b, v * half, t0}, {u * b, v * half, t1}, {u * half, v * b, t1}});
-                outward({{u * half, t0, v * b}, {u * b, t0, v * half}, {u * b, t1, v * half}, {u * half, t1, v * b}});
-                outward({{t0, u * half, v * b}, {t0, u * b, v * half}, {t1, u * b, v * half}, {t1, u * half, v * b}});
-            }
-    dress(model, none, "bevel", "hullpan.jpg", 0.5);
-    model.weld(1e-5);
+    for (std::uint32_t side = 0; side < 6; ++side)
+        model.append(
+            face, [side](Point p) { return turnedTo(static_cast<int>(side), p); }, side / 2);
     return model;
 }
 

@@ -9,9 +9,9 @@ namespace lumenfold::art {
 Model makeTunnel();      // mytun_ny1a.lwo: the opening's tunnel with its bend
 Model makeHall();        // prison2.lwo: the monumental hall
 Model makeCube();        // cube6.lwo
-Model makeBust();        // hum.lwo
+Model makeHead();        // hum.lwo
 Model makeBlob();        // blob1.lwo
-Model makeSeed();        // blob2.lwo
+Model makePaperStar();        // blob2.lwo
 Model makeKnot();        // blb3.lwo
 Model makePlateLeft();   // svets1.lwo
 Model makePlateRight();  // svets2.lwo

@@ -1,3 +1,4 @@
+#include "artwork/pictures/crease.h"
 #include "artwork/pictures/pictures.h"
 
 #include "forge/encode.h"
@@ -26,9 +27,9 @@ struct Sheet {
     float heat;      // weight of its light
     std::uint32_t seed;
 };
-constexpr Sheet sheets[] = {{140, 150, 0.95F, 74, 1.0F, 301},  {152, 110, 1.35F, 56, 0.9F, 312},
-                            {134, 190, 0.60F, 92, 0.9F, 323},  {160, 90, -0.75F, 60, 0.7F, 334},
-                            {146, 230, 1.15F, 110, 0.6F, 345}, {138, 70, 0.50F, 46, 0.8F, 356},
+constexpr Sheet sheets[] = {{140, 260, 0.95F, 88, 1.2F, 301},  {152, 190, 1.35F, 66, 1.0F, 312},
+                            {134, 320, 0.60F, 104, 1.2F, 323}, {170, 210, -0.75F, 70, 0.9F, 334},
+                            {146, 380, 1.15F, 120, 1.0F, 345}, {138, 70, 0.50F, 46, 0.8F, 356},
                             {142, -62, 0.90F, 52, 0.55F, 367}};
 
 // How a point of the sheet lies in the picture, after the air has bent it: a broad bend, then a finer one of the bent
@@ -61,9 +62,8 @@ float threads(const Sheet& sheet, float u, float v) {
 }
 
 Colour flameColour(float v) {
-    const Colour root = mix(palette::amber, palette::gold, 0.45F);
-    const Colour body = mix(root, palette::amber, smoothStep(0.0F, 0.30F, v));
-    return mix(body, palette::ember * 1.3F, smoothStep(0.30F, 0.95F, v));
+    const Colour body = mix(fromHex(0xFFC46A), fromHex(0xFF5A1A), smoothStep(0.0F, 0.28F, v));
+    return mix(body, fromHex(0x8A0E14), smoothStep(0.30F, 0.95F, v));
 }
 
 void splat(Picture& picture, Point2 p, Colour light) {
@@ -99,17 +99,6 @@ Picture burn(const Sheet& sheet) {
     return picture;
 }
 
-// The crease that the wreath burns from: a thread of ice light across the lower part, rising three degrees.
-Colour creaseLight(float x, float y) {
-    const float along = (x - 250) / 250;
-    const float across = y - (326 - 0.052F * (x - 256));
-    const float strength = power(std::max(0.0F, 1 - along * along), 2);
-    const float spark = bell((x - 352) / 22, 1); // where it crosses the wreath
-    const float thread = bell(across, 0.55F + 0.35F * strength + 0.6F * spark);
-    return palette::ice * (thread * (0.75F * strength + 1.6F * spark)) +
-           palette::amber * (bell(across, 4) * (0.10F * strength + 0.35F * spark));
-}
-
 } // namespace
 
 void makeFireWreath(const std::string& path) {
@@ -124,9 +113,10 @@ void makeFireWreath(const std::string& path) {
         }
         const float hot = luminance(sum); // crowded folds glow towards gold
         sum = sum * (0.20F + 2.0F * hot) + palette::gold * (0.40F * hot * hot);
-        return sum + creaseLight(static_cast<float>(x), static_cast<float>(y));
+        return sum;
     });
     picture = withBloom(picture, {2.5F, 0.14F, 14, 0.08F}, Edge::clamp);
+    addCrease(picture);
     writeBitmap(path, withTrueBlack(developed(picture, {0.8F, true, 0}), 6));
 }
 

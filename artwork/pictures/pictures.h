@@ -7,11 +7,11 @@
 
 namespace lumenfold::art {
 
-void makeLiquidFolds(const std::string& path);
+void makeOilPool(const std::string& path);
 void makeMachineCore(const std::string& path);
 void makeFireWreath(const std::string& path);
 void makeMasonry(const std::string& path);
-void makeRingGallery(const std::string& path);
+void makeIvoryStage(const std::string& path);
 void makePrisonFrame(const std::string& path);
 
 } // namespace lumenfold::art

@@ -5,9 +5,9 @@ namespace lumenfold::art {
 
 std::vector<Recipe> pictureRecipes() {
     return {
-        {"skum3.jpg", false, makeLiquidFolds},    {"morph3.jpg", false, makeMachineCore},
-        {"bkfire.jpg", false, makeFireWreath},    {"svampbak.jpg", true, makeMasonry},
-        {"part3bak.jpg", false, makeRingGallery}, {"3dframe.jpg", false, makePrisonFrame},
+        {"skum3.jpg", true, makeOilPool},       {"morph3.jpg", false, makeMachineCore},
+        {"bkfire.jpg", false, makeFireWreath},  {"svampbak.jpg", true, makeMasonry},
+        {"part3bak.jpg", true, makeIvoryStage}, {"3dframe.jpg", false, makePrisonFrame},
     };
 }
 

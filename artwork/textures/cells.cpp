@@ -95,11 +95,16 @@ void makeTissue(const Tissue& tissue, int fine, const std::string& path) {
 
 } // namespace
 
-// "cell1.jpg": walls of the rotating tunnel, magnified about five times there, dim and cold since fire is added to
-// them.
+// "cell1.jpg": walls of the rotating tunnel, magnified about five times there: soft gradients in the red of blood, dim,
+// since fire is added to them.
 void makeTunnelCells(const std::string& path) {
-    makeTissue({6, 0.42F, 0.21F, 0.046F, 0.40F, 0, 1.3F, fromHex(0x05182A), fromHex(0x0C5870), fromHex(0x2A1E6A), 21},
-               768, path);
+    Picture picture = texture(256, 2, [](float u, float v) {
+        const float drift = fractalNoise({2 * u, 2 * v, 1}, 2, 21, {2, 2});
+        const float bands = 0.5F + 0.5F * sine(2 * pi * (4 * v + u + 0.9F * drift));
+        const float glow = 0.5F + 0.5F * sine(2 * pi * (3 * u - v + 0.7F * drift) + 1);
+        return mix(fromHex(0x0B0203), fromHex(0x6A0C14), bands) + fromHex(0xFF5A1A) * (0.07F * bands * glow * glow);
+    });
+    writeBitmap(path, developed(blurred(picture, 2, Edge::wrap), {1, false, 0.6F}));
 }
 
 // "cell5a.jpg": added to the petrol texture, so it leaves room above: dim bodies, bright only at the membranes.

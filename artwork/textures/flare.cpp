@@ -27,18 +27,14 @@ constexpr Develop plain = {1, false, 0}; // no grain: what is black stays black
 
 } // namespace
 
-// "bfs1.pcx": flare of the ring, where neighbours overlap four- to tenfold, and the welding torch.
+// "bfs1.pcx": flare of the ring, where neighbours overlap four- to tenfold, and the welding torch: a flat wide core of
+// white within a rim of orange.
 void makeRingFlare(const std::string& path) {
     const Picture picture = sprite(32, [](float x, float y) {
         const float r = length(x, y);
-        const float core = exponential(-r * r * 46);
-        const float halo = 0.105F * exponential(-r * 4.4F);
-        const float ring = bell(r - 0.60F, 0.045F);
-        const float streak = 0.16F * exponential(-std::fabs(y + 0.06F * x) * 26 - std::fabs(x) * 3.2F) +
-                             0.05F * exponential(-std::fabs(x) * 34 - std::fabs(y) * 6);
-        Colour light = palette::ice * (0.20F * core + 0.4F * streak);
-        light += palette::teal * Vec3{0.4F, 1, 1} * (1.7F * halo + 0.8F * streak);
-        light += palette::amber * (0.045F * ring + 0.035F * exponential(-r * r * 9));
+        Colour light = fromHex(0xF2F6FF) * (0.26F * smoothStep(0.30F, 0.12F, r));
+        light += fromHex(0x4E7BFF) * (0.16F * exponential(-r * 5.0F));
+        light += fromHex(0xFF7A2C) * (0.11F * bell(r - 0.36F, 0.07F) + 0.03F * exponential(-r * 3.5F));
         return light;
     });
     writeBitmap(path, developed(picture, plain));

@@ -6,13 +6,14 @@ namespace lumenfold::art {
 std::vector<Recipe> textureRecipes() {
     return {
         {"petrolenv.jpg", true, makePetrolEnvironment},
-        {"phong5.jpg", true, makeChromeMirror},
-        {"eftex.jpg", true, makeOilMirror},
+        {"phong5.jpg", true, makeDaylightMirror},
+        {"eftex.jpg", true, makeLacquerMirror},
         {"cubet5.jpg", true, makeBoneMirror},
-        {"cells3c.jpg", true, makeMembraneMirror},
+        {"cells3c.jpg", true, makeObsidianMirror},
         {"cell1.jpg", true, makeTunnelCells},
         {"cell5a.jpg", true, makeAddedCells},
         {"slem4.jpg", true, makeSlime},
+        {"paper1.jpg", true, makeFoldedPaper},
         {"fdgrid.jpg", true, makeFloorGrid},
         {"cubet4.jpg", true, makeThroat},
         {"bfs1.pcx", true, makeRingFlare},

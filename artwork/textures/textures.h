@@ -8,13 +8,14 @@ namespace lumenfold::art {
 
 void makePetrolEnvironment(const std::string& path);
 
-void makeChromeMirror(const std::string& path);
-void makeOilMirror(const std::string& path);
+void makeDaylightMirror(const std::string& path);
+void makeLacquerMirror(const std::string& path);
 void makeBoneMirror(const std::string& path);
-void makeMembraneMirror(const std::string& path);
+void makeObsidianMirror(const std::string& path);
 
 void makeTunnelCells(const std::string& path);
 void makeAddedCells(const std::string& path);
+void makeFoldedPaper(const std::string& path);
 void makeSlime(const std::string& path);
 
 void makeFloorGrid(const std::string& path);

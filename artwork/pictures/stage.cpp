@@ -49,7 +49,7 @@ float window(Vec3 p) {
 Nearest nearestPart(Vec3 p) {
     Nearest nearest = {0.9F * room(p), plaster};
     nearest = nearer(nearest, {steps(p), podium});
-    nearest = nearer(nearest, {sdf::box(p - Vec3{9.4F, 2, 2.6F}, {3.0F, 12, 0.7F}, 0.05F), slab});
+    nearest = nearer(nearest, {sdf::box(p - Vec3{6.12F, 2, -3.0F}, {3.0F, 12, 0.5F}, 0.04F), slab});
     nearest = nearer(nearest, {sdf::sphere(p - ballCentre, 0.62F), ball});
     nearest = nearer(nearest, {length(p.x - 4.55F, p.z - 2.0F) - 0.025F, cord});
     return nearer(nearest, {window(p), bars});

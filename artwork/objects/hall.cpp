@@ -1,5 +1,5 @@
-// The hall: a barrel-vaulted nave along z that opens into a round chamber, whose floor sinks in glowing steps to a
-// medallion under (0, y, 32). The camera comes along the nave, rises in the chamber looking down, and sinks.
+// The hall: a barrel-vaulted nave along z that opens into a round chamber. Under (0, y, 32) its floor falls into a
+// shaft that fire lights from below. The camera comes along the nave, rises in the chamber looking down, and sinks.
 
 #include "artwork/objects/objects.h"
 #include "core/trig.h"
@@ -22,10 +22,15 @@ constexpr double entrance = -14;
 constexpr Point chamber{0, floorY, 32};
 constexpr double chamberRadius = 15;
 constexpr double chamberTop = 34;
+constexpr double chamberFloor = 10.2; // where its paving ends
+constexpr double shaftRadius = 9.97;
+constexpr double ledgeRadius = 9.3;
+constexpr double shaftDepth = 13;
 const double mouth = chamber.z - std::sqrt(chamberRadius * chamberRadius - half * half); // nave meets chamber
 
 struct Surfaces {
-    std::uint32_t stoneX, stoneY, stoneZ, lampX, lampZ, lowLampX, lowLampZ, runner, plates, paving;
+    std::uint32_t stoneX, stoneY, stoneZ, lampX, lampZ, lowLampX, lowLampZ, runner, plates, paving, shaftX, shaftZ,
+        pool;
 };
 
 // Adds a wall over rows of points and turns it so that it faces `towards`.
@@ -110,6 +115,52 @@ Point onCircle(double radius, double angle, double y) {
     return {chamber.x + radius * trig::sin(angle), y, chamber.z - radius * trig::cos(angle)};
 }
 
+// A well below the chamber: five storeys, each with a ledge and twelve brackets that are turned seven degrees against
+// those above, so that the sinking camera sees them pass. On its bottom lies the pool.
+void addShaft(Model& model, const Surfaces& s, const std::vector<Point>& rim) {
+    constexpr int storeys = 5;
+    constexpr double high = shaftDepth / storeys;
+    const auto ringAt = [&](double radius, double y) {
+        std::vector<Point> ring;
+        for (const Point& p : rim)
+            ring.push_back(chamber + normalized(p - chamber) * radius + Point{0, y, 0});
+        return ring;
+    };
+    const Point axis = chamber + Point{0, 60, 0};
+    for (int storey = 0; storey < storeys; ++storey) {
+        const double top = -high * storey;
+        const std::size_t first = model.triangles.size();
+        addFacing(model, {ringAt(shaftRadius, top - 0.3), ringAt(shaftRadius, top - high)},
+                  chamber + Point{0, top - high, 0}, s.shaftX);
+        addFacing(model, {ringAt(ledgeRadius, top), ringAt(ledgeRadius, top - 0.3)}, chamber + Point{0, top, 0},
+                  s.shaftX);
+        for (std::size_t i = first; i < model.triangles.size(); ++i) {
+            const Point n = model.normal(model.triangles[i]);
+            model.triangles[i].surface = std::fabs(n.x) > std::fabs(n.z) ? s.shaftX : s.shaftZ;
+        }
+        addFacing(model, {ringAt(storey == 0 ? chamberFloor : shaftRadius, top), ringAt(ledgeRadius, top)}, axis,
+                  s.paving);
+        for (int bracket = 0; storey > 0 && bracket < 12; ++bracket) {
+            const double angle = 2 * pi * bracket / 12 + storey * 7 * pi / 180;
+            const auto at = [&](double radius, double side, double y) {
+                return onCircle(radius, angle + side / radius, chamber.y + y);
+            };
+            constexpr double reach = ledgeRadius - 1.1;
+            addFacing(model,
+                      {{at(ledgeRadius, -0.25, top), at(ledgeRadius, 0.25, top)},
+                       {at(reach, -0.16, top), at(reach, 0.16, top)}},
+                      axis, s.paving);
+            addFacing(model,
+                      {{at(reach, -0.16, top), at(reach, 0.16, top)},
+                       {at(reach, -0.16, top - 0.5), at(reach, 0.16, top - 0.5)}},
+                      chamber + Point{0, top, 0}, s.shaftX);
+        }
+    }
+    const std::vector<Point> edge = ringAt(shaftRadius, -shaftDepth);
+    const std::vector<Point> middle(edge.size(), chamber + Point{0, -shaftDepth, 0});
+    addFacing(model, {edge, middle}, axis, s.pool);
+}
+
 void addChamber(Model& model, const Surfaces& s) {
     const Point inside{0, 6, chamber.z};
     const double open = trig::atan2(half, chamber.z - mouth); // half the angle of the opening
@@ -138,7 +189,7 @@ void addChamber(Model& model, const Surfaces& s) {
     foot.push_back(foot.front());
     for (const Point& p : foot) {
         const Point d = normalized(p - chamber);
-        rim.push_back(chamber + d * 10.2);
+        rim.push_back(chamber + d * chamberFloor);
         outer.push_back(p);
     }
     addFacing(model, {outer, rim}, inside, s.paving);
@@ -148,25 +199,7 @@ void addChamber(Model& model, const Surfaces& s) {
         ceiling[1].push_back({chamber.x, chamberTop, chamber.z});
     }
     addFacing(model, ceiling, inside, s.stoneY);
-    // the pit: rings of the medallion's radius 10.2, with slanted glowing risers where its picture has them
-    const Medallion medallion = addMedallion(model, Axis::Y, chamber, 10.2);
-    struct Step {
-        double radius, y;
-    };
-    const Step steps[] = {{10.2, 0},   {9.75, 0},   {9.20, -1.0}, {6.65, -1.0}, {6.05, -2.2},
-                          {2.6, -2.2}, {2.2, -1.7}, {1.35, -1.5}, {0.0, -1.3}};
-    for (std::size_t i = 0; i + 1 < sizeof steps / sizeof steps[0]; ++i) {
-        std::vector<std::vector<Point>> rows(2);
-        for (std::size_t k = 0; k < rim.size(); ++k) {
-            const Point d = normalized(rim[k] - chamber);
-            for (std::size_t side = 0; side < 2; ++side)
-                rows[side].push_back(chamber + d * steps[i + side].radius + Point{0, steps[i + side].y, 0});
-        }
-        addFacing(model, rows, chamber + Point{0, 40, 0}, medallion.first);
-    }
-    for (Triangle& t : model.triangles)
-        if (t.surface == medallion.first)
-            t.surface = medallion.surfaceAt(model.centroid(t));
+    addShaft(model, s, rim);
 }
 
 // A column with base and capital, its shaft between ribs of light.
@@ -220,7 +253,7 @@ Model makeHall() {
     Model model;
     constexpr double tile = 6;
     const auto stone = [&](const char* name, Axis axis) {
-        return addSurface(model, name, tiledMap("hall1.jpg", axis, {0, floorY, 0}, {tile, tile, tile}));
+        return addSurface(model, name, tiledMap("hall1.jpg", axis, {0, floorY, 0}, {tile, spring - floorY, tile}));
     };
     Surfaces s{};
     s.stoneX = stone("stonex", Axis::X);
@@ -228,17 +261,22 @@ Model makeHall() {
     s.stoneZ = stone("stonez", Axis::Z);
     s.lampX = addSurface(model, "lampx", lampMap(Lamp::amber, Axis::X, 6.6, 0.4, 4));
     s.lampZ = addSurface(model, "lampz", lampMap(Lamp::amber, Axis::Z, 6.6, 0.4, 4));
-    s.lowLampX = addSurface(model, "lowlampx", lampMap(Lamp::teal, Axis::X, -2.85, 0.3, 6));
-    s.lowLampZ = addSurface(model, "lowlampz", lampMap(Lamp::teal, Axis::Z, -2.85, 0.3, 6));
+    s.lowLampX = addSurface(model, "lowlampx", lampMap(Lamp::amber, Axis::X, -2.85, 0.3, 6));
+    s.lowLampZ = addSurface(model, "lowlampz", lampMap(Lamp::amber, Axis::Z, -2.85, 0.3, 6));
     s.runner =
         addSurface(model, "runner", tiledMap("ribwall.jpg", Axis::Y, {-1.2 - 0.47 * 2.4 + 1.2, 0, 0}, {2.4, 1, 2.4}));
-    s.plates = addSurface(model, "plates", tiledMap("tunbay2.jpg", Axis::Y, {-4.5, 0, -11}, {3.9, 1, 6}));
-    s.paving = addSurface(model, "paving", tiledMap("hullpan.jpg", Axis::Y, {}, {5, 1, 5}));
+    s.plates = addSurface(model, "plates", tiledMap("hall1.jpg", Axis::Y, {-4.5, 0, -11}, {3.9, 1, 6}));
+    s.paving = addSurface(model, "paving", tiledMap("hall1.jpg", Axis::Y, {}, {5, 1, 5}));
+    constexpr Point shaftSize{shaftDepth, shaftDepth, shaftDepth};
+    s.shaftX = addSurface(model, "shaftx", tiledMap("shaft1.jpg", Axis::X, {0, floorY, chamber.z}, shaftSize));
+    s.shaftZ = addSurface(model, "shaftz", tiledMap("shaft1.jpg", Axis::Z, {0, floorY, chamber.z}, shaftSize));
+    // the picture that fades in shows a crown of 150 pixels; from where it takes over, so does the pool
+    s.pool = addSurface(model, "pool", {"pool1.jpg", Axis::Y, chamber, {2 * shaftRadius, 1, 2 * shaftRadius}});
     addNave(model, s);
     addChamber(model, s);
-    const std::uint32_t archFace = addSurface(model, "archface", tiledMap("hullpan.jpg", Axis::Z, {}, {3, 3, 3}));
-    const std::uint32_t archInner = addSurface(model, "archinner", tiledMap("hullpan.jpg", Axis::Y, {}, {3, 3, 3}));
-    const std::uint32_t shaft = model.addSurface({"shaft", {}, {}, {}});
+    const std::uint32_t archFace = addSurface(model, "archface", tiledMap("hall1.jpg", Axis::Z, {}, {3, 3, 3}));
+    const std::uint32_t archInner = addSurface(model, "archinner", tiledMap("hall1.jpg", Axis::Y, {}, {3, 3, 3}));
+    const std::uint32_t shaft = model.addSurface({"columns", {}, {}, {}});
     const Model tall = column(0.95, spring - floorY);
     for (int i = 0; i < 6; ++i) {
         const double z = -11 + i * 6.0;

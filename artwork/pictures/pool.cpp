@@ -1,3 +1,4 @@
+#include "artwork/pictures/pool.h"
 #include "artwork/pictures/pictures.h"
 
 #include "forge/encode.h"
@@ -44,7 +45,9 @@ Colour ceiling(Vec3 direction) {
     return light + fromHex(0xFF3B1F) * (1.6F * seen(ember, direction));
 }
 
-Colour poolAt(float x, float y, std::uint32_t) {
+} // namespace
+
+Colour oilPoolAt(float x, float y) {
     const float slopeX = 0.5F * (oilAt(x + 1, y) - oilAt(x - 1, y));
     const float slopeY = 0.5F * (oilAt(x, y + 1) - oilAt(x, y - 1));
     const Vec3 normal = normalize({-slopeX, -slopeY, 1.25F});
@@ -55,10 +58,9 @@ Colour poolAt(float x, float y, std::uint32_t) {
     return ceiling(direction) * (0.62F + 0.8F * grazing) + fromHex(0x050818) * 0.5F;
 }
 
-} // namespace
-
 void makeOilPool(const std::string& path) {
-    Picture picture = renderPicture(512, 384, 4, poolAt, 0.25F);
+    Picture picture = renderPicture(
+        512, 384, 4, [](float x, float y, std::uint32_t) { return oilPoolAt(x, y); }, 0.25F);
     picture = withBloom(picture, {2.5F, 0.12F, 18, 0.12F}, Edge::clamp);
     picture.change([](Colour c, int x, int) { return c * mix(0.20F, 1, smoothStep(60, 190, static_cast<float>(x))); });
     writeBitmap(path, developed(picture, {1.1F, true, 0.6F}));

@@ -22,6 +22,8 @@ std::vector<Recipe> textureRecipes() {
         {"hullpan.jpg", true, makeHullPanels},
         {"ribwall.jpg", true, makeRibWall},
         {"hall1.jpg", true, makeHallStone},
+        {"shaft1.jpg", true, makeShaftWall},
+        {"pool1.jpg", true, makeShaftPool},
         {"ripple.jpg", true, makeRipples},
         {"fire1.jpg", true, makeFire},
         {"coral1.jpg", true, makeCoral},

@@ -111,12 +111,12 @@ void makeMedallion(const std::string& path) {
             int parts;
             Colour body;
         };
-        static const Ring rings[] = {{0.145F, 0.245F, 6, palette::petrol * 0.9F},
-                                     {0.275F, 0.40F, 4, palette::deep * 1.6F},
-                                     {0.42F, 0.585F, 9, palette::petrol * 0.55F},
-                                     {0.66F, 0.76F, 12, palette::deep * 1.5F},
-                                     {0.775F, 0.90F, 5, palette::petrol * 0.6F}};
-        Colour light = palette::ink * 0.6F;
+        static const Ring rings[] = {{0.145F, 0.245F, 6, fromHex(0x7A3016) * 0.9F},
+                                     {0.275F, 0.40F, 4, fromHex(0x4A1A0A) * 1.6F},
+                                     {0.42F, 0.585F, 9, fromHex(0x7A3016) * 0.55F},
+                                     {0.66F, 0.76F, 12, fromHex(0x4A1A0A) * 1.5F},
+                                     {0.775F, 0.90F, 5, fromHex(0x7A3016) * 0.6F}};
+        Colour light = fromHex(0x0A0604) * 0.6F;
         for (const Ring& ring : rings) {
             const float width = ring.outer - ring.inner;
             const float part = turn * static_cast<float>(ring.parts);
@@ -127,22 +127,24 @@ void makeMedallion(const std::string& path) {
             const float shade = 0.75F + 0.5F * hashUnit(static_cast<int>(part), ring.parts, 0, 611);
             const float brushed = 1 + 0.25F * gradientNoise({r * 90, turn * 3, 1}, 612);
             light += ring.body * (plate * shade * brushed * (0.55F + 0.5F * (r - ring.inner) / width));
-            light += palette::ice * (0.22F * plate * bevel * (r - ring.inner < width * 0.5F ? 0.4F : 1.0F));
+            light += fromHex(0xFFD9A0) * (0.22F * plate * bevel * (r - ring.inner < width * 0.5F ? 0.4F : 1.0F));
         }
         const auto line = [&](float radius, float width) { return bell(r - radius, width); };
         const float dash = between(fraction(6 * turn), 0.12F, 0.88F, 0.02F);
         light += (palette::amber * 2.2F) * line(0.26F, 0.006F) + (palette::gold * 0.8F) * line(0.26F, 0.003F);
-        light += (palette::teal * 1.8F) * (line(0.41F, 0.004F) * dash) + (palette::amber * 1.5F) * line(0.77F, 0.003F);
-        light += palette::teal * (0.9F * line(0.62F, 0.018F)) + palette::ice * (0.8F * line(0.62F, 0.006F));
-        light += palette::teal * (0.7F * line(0.93F, 0.016F)) + palette::ice * (0.5F * line(0.93F, 0.005F));
+        light +=
+            (fromHex(0xE8641C) * 1.8F) * (line(0.41F, 0.004F) * dash) + (palette::amber * 1.5F) * line(0.77F, 0.003F);
+        light += fromHex(0xE8641C) * (0.9F * line(0.62F, 0.018F)) + fromHex(0xFFD9A0) * (0.8F * line(0.62F, 0.006F));
+        light += fromHex(0xE8641C) * (0.7F * line(0.93F, 0.016F)) + fromHex(0xFFD9A0) * (0.5F * line(0.93F, 0.005F));
         // the crease of light across the lens
         const float lens = smoothStep(0.135F, 0.120F, r);
         const float iris = 0.6F + 0.4F * sine(24 * 2 * pi * turn / 4 + 30 * r);
-        light += (palette::ice * (1.6F * bell(r, 0.024F)) + palette::teal * (0.7F * iris * bell(r - 0.075F, 0.022F)) +
-                  palette::petrol * 0.8F + palette::amber * (0.7F * bell(r - 0.115F, 0.008F))) *
+        light += (fromHex(0xFFD9A0) * (1.6F * bell(r, 0.024F)) +
+                  fromHex(0xE8641C) * (0.7F * iris * bell(r - 0.075F, 0.022F)) + fromHex(0x7A3016) * 0.8F +
+                  palette::amber * (0.7F * bell(r - 0.115F, 0.008F))) *
                  lens;
         light += palette::amber * (1.6F * bell(r - 0.135F, 0.006F));
-        light += palette::ice * (0.5F * bell(v, 0.006F) * smoothStep(0.9F, 0.1F, r));
+        light += fromHex(0xFFD9A0) * (0.5F * bell(v, 0.006F) * smoothStep(0.9F, 0.1F, r));
         return light * (0.65F + 0.35F * smoothStep(1.0F, 0.2F, r));
     });
     picture = withBloom(picture, {2.0F, 0.12F, 10, 0.12F}, Edge::clamp);

@@ -28,6 +28,8 @@ void makePetrolFlare(const std::string& path);
 void makeHullPanels(const std::string& path);
 void makeRibWall(const std::string& path);
 void makeHallStone(const std::string& path);
+void makeShaftWall(const std::string& path);
+void makeShaftPool(const std::string& path);
 void makeRipples(const std::string& path);
 void makeFire(const std::string& path);
 void makeCoral(const std::string& path);

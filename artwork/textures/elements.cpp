@@ -25,10 +25,10 @@ void makeRipples(const std::string& path) {
         const float line = bell(std::max(0.0F, broad), 0.075F);
         const float thread = bell(std::max(0.0F, fine), 0.10F);
         Colour light =
-            palette::teal * (0.42F * line * mix(0.35F, 1, swell)) + palette::petrol * (0.30F * thread * swell);
-        light += palette::ice * (0.85F * line * line * thread * swell);
-        light += palette::amber * (0.30F * line * thread * (1 - swell));
-        return light + palette::petrol * (0.05F * swell);
+            fromHex(0x5CC8B4) * (0.36F * line * mix(0.35F, 1, swell)) + fromHex(0x1E6B66) * (0.40F * thread * swell);
+        light += fromHex(0xFFD28A) * (0.95F * line * line * thread * swell);
+        light += fromHex(0xF2789A) * (0.85F * line * thread * (1 - swell));
+        return light + fromHex(0xF2789A) * (0.05F * swell);
     });
     picture = withBloom(picture, {1.5F, 0.14F, 7, 0.12F}, Edge::wrap);
     writeBitmap(path, withTrueBlack(developed(picture, {0.9F, false, 0}), 5));

@@ -156,27 +156,27 @@ void makeDawn(const std::string& path) {
     Picture picture = texture(256, 3, [](float u, float v) -> Colour {
         const float above = 0.58F + 0.05F * (0.5F - u) - v; // the crease rises to the right
         const float streaks = fractalNoise({3 * u, 14 * v, 2}, 5, 621);
-        const float fromSun = length(u - 0.44F, 1.2F * (above - 0.035F));
-        Colour light = palette::ink * 0.5F;
+        const float fromSun = length(u - 0.44F, 1.2F * (above - 0.045F));
+        const Colour rose = fromHex(0xF2789A);
+        const Colour gold = fromHex(0xFFD28A);
+        Colour light;
         if (above > 0) {
-            light += palette::petrol * (0.65F * bell(above, 0.26F));
-            light += palette::teal * (0.75F * bell(above, 0.11F) * saturate(0.75F + 1.3F * streaks));
-            light += palette::ice * (0.45F * bell(above, 0.040F));
-            light += palette::amber * (1.2F * bell(fromSun, 0.10F) * saturate(0.8F + 0.9F * streaks));
-            light += palette::ember * (0.5F * bell(fromSun, 0.22F));
-            light += (palette::gold * 2.6F + palette::ice * 0.8F) * smoothStep(0.062F, 0.052F, fromSun);
+            light = mix(gold, rose, smoothStep(0.0F, 0.14F, above + 0.05F * streaks));
+            light = mix(light, fromHex(0x7A5A86), smoothStep(0.10F, 0.30F, above));
+            light = mix(light, fromHex(0x1E4A5C), smoothStep(0.24F, 0.52F, above)) * 0.85F;
+            light += gold * (0.55F * smoothStep(0.05F, 0.45F, streaks) * bell(above - 0.12F, 0.10F));
+            light +=
+                gold * (0.9F * bell(fromSun, 0.10F)) + fromHex(0xFFF0C8) * (2.2F * smoothStep(0.074F, 0.064F, fromSun));
         } else {
-            const float trail = bell(u - 0.44F, 0.05F - 0.12F * above);
+            const float trail = bell(u - 0.44F, 0.06F - 0.14F * above);
             const float glitter = saturate(0.5F + 1.6F * fractalNoise({7 * u, 40 * v, 5}, 3, 622));
-            light += palette::petrol * (0.30F * bell(above, 0.12F));
-            light += (palette::amber * 1.3F + palette::gold * 0.4F) *
-                     (trail * glitter * bell(above, 0.14F) * smoothStep(-0.27F, -0.16F, above));
+            light = mix(rose * 0.55F, fromHex(0x0C1E2C), smoothStep(0, -0.22F, above));
+            light += gold * (1.5F * trail * glitter * bell(above, 0.14F));
         }
-        light += (palette::ice * 1.8F + palette::teal * 0.6F) * (bell(above, 0.005F) * bell(u - 0.5F, 0.28F));
-        return light;
+        return light + Colour{1, 1, 1} * (1.6F * bell(above, 0.005F));
     });
-    picture = withBloom(picture, {2.5F, 0.14F, 16, 0.18F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.2F, true, 0.8F}));
+    picture = withBloom(picture, {2.5F, 0.14F, 16, 0.14F}, Edge::clamp);
+    writeBitmap(path, developed(picture, {1.0F, true, 0.8F}));
 }
 
 // "glow1.jpg": the flare behind the aircraft's engines, added: two cores on a long streak, black at the rim.

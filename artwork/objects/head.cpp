@@ -64,11 +64,16 @@ double twoFaces(Point q) {
 
 } // namespace
 
-Model makeHead() {
-    Model model = meshSolid(twoFaces, {-0.62, -0.80, -0.75}, {0.62, 1.15, 0.75}, 0.0165);
-    simplify(model, 5000);
+Model headOf(std::size_t triangles, double scale) {
+    Model model = meshSolid(twoFaces, {-0.62, -0.80, -0.75}, {0.62, 1.15, 0.75}, triangles > 2000 ? 0.0165 : 0.026);
+    simplify(model, triangles);
     for (Point& point : model.points)
-        point = (point - Point{0, 0.28, 0}) * 15.5; // turns about the middle of its height
+        point = (point - Point{0, 0.28, 0}) * scale; // about the middle of its height
+    return model;
+}
+
+Model makeHead() {
+    Model model = headOf(5000, 15.5);
     model.addSurface({"skin", {20, 82, 92}, {}, {}});
     return model;
 }

@@ -1,5 +1,6 @@
 // The small set behind the frame, within 0.75 of the middle; the camera goes round it at 1.1 to 1.5, 0.13 to 0.53 high:
-// a pedestal with a jewel, a sign box on struts above it, four claws, a pole of fire with its base, and lettering.
+// a pedestal with a head, a sign box on struts above it, four claws, a pole of fire with its base, and lettering;
+// around it the dome of the forge.
 
 #include "artwork/objects/objects.h"
 #include "core/trig.h"
@@ -8,6 +9,7 @@
 #include "forge/shapes.h"
 
 #include <cmath>
+#include <string>
 #include <utility>
 
 namespace lumenfold::art {
@@ -55,21 +57,54 @@ void addBlock(Model& model, const Point (&c)[8], std::uint32_t surface) {
     }
 }
 
+// Dresses a surface with one picture that covers it once from top to bottom, seen along x and z.
+void dressUpright(Model& model, std::uint32_t from, const std::string& name, const std::string& image, Point centre,
+                  Point size) {
+    const std::uint32_t x = addSurface(model, name + "x", {image, Axis::X, centre, size});
+    const std::uint32_t z = addSurface(model, name + "z", {image, Axis::Z, centre, size});
+    model.assignByDirection(x, z, z, from);
+}
+
+// The forge around the set: eight walls that lean inwards, a floor and a crown.
+void addDome(Model& model) {
+    constexpr int sides = 8;
+    constexpr double radius = 3.4;
+    constexpr double wide = 2.9; // of a wall, about what a picture covers
+    const std::uint32_t wall = model.addSurface({"wall", {}, {}, {}});
+    const std::uint32_t ground = addSurface(model, "ground", tiledMap("hall1.jpg", Axis::Y, {}, {1.6, 1, 2.9}));
+    const auto ring = [&](double r, double y) { return ringAround({0, y, 0}, r, sides, pi / sides); };
+    const std::vector<std::vector<Point>> rings{ring(radius, -0.42), ring(radius, 0.9), ring(radius * 0.8, 1.7),
+                                                ring(radius * 0.3, 2.3)};
+    Model dome;
+    addSkin(dome, rings, 0);
+    if (dot(dome.normal(dome.triangles[0]), dome.centroid(dome.triangles[0])) > 0)
+        dome.flip();
+    model.append(
+        dome, [](Point p) { return p; }, wall);
+    for (const auto& [height, up] : {std::pair{-0.42, 1.0}, std::pair{2.3, -1.0}}) {
+        const std::vector<Point> edge = ring(height < 0 ? radius : radius * 0.3, height);
+        const std::size_t first = model.triangles.size();
+        addCap(model, edge, ground);
+        if (model.normal(model.triangles[first]).y * up < 0)
+            for (std::size_t i = first; i < model.triangles.size(); ++i)
+                std::swap(model.triangles[i].corners[1], model.triangles[i].corners[2]);
+    }
+    dressUpright(model, wall, "wall", "dome1.jpg", {0, 0.94, 0}, {wide, 2.72, wide});
+}
+
 } // namespace
 
 Model makeCentrepiece() {
     Model model;
     const std::uint32_t plates = model.addSurface({"plates", {}, {}, {}});
-    const std::uint32_t gem = model.addSurface({"gem", {}, {}, {}});
-    const std::uint32_t lampX = addSurface(model, "lampx", lampMap(Lamp::teal, Axis::X, -0.185, 0.06, 0.5));
-    const std::uint32_t lampZ = addSurface(model, "lampz", lampMap(Lamp::teal, Axis::Z, -0.185, 0.06, 0.5));
+    const std::uint32_t head = model.addSurface({"head", {}, {}, {}});
+    const std::uint32_t lampX = addSurface(model, "lampx", lampMap(Lamp::amber, Axis::X, -0.185, 0.06, 0.5));
+    const std::uint32_t lampZ = addSurface(model, "lampz", lampMap(Lamp::amber, Axis::Z, -0.185, 0.06, 0.5));
     const Medallion top = addMedallion(model, Axis::Y, {0, -0.15, 0}, 0.36);
     constexpr Turned foot[] = {{0.0, -0.42},  {0.50, -0.42}, {0.50, -0.34},
                                {0.46, -0.30}, {0.38, -0.28}, {0.38, -0.215}};
     constexpr Turned band[] = {{0.38, -0.215}, {0.36, -0.155}};
     constexpr Turned deck[] = {{0.36, -0.155}, {0.335, -0.14}, {0.19, -0.14}, {0.17, -0.165}, {0.10, -0.165}};
-    constexpr Turned jewel[] = {{0.10, -0.165}, {0.135, -0.07}, {0.185, 0.0}, {0.185, 0.02},
-                                {0.135, 0.085}, {0.07, 0.115},  {0.0, 0.115}};
     addTurned(model, foot, 16, plates);
     const std::size_t lamps = model.triangles.size();
     addTurned(model, band, 16, lampX);
@@ -81,7 +116,12 @@ Model makeCentrepiece() {
     addTurned(model, deck, 16, top.first);
     for (std::size_t i = deckFirst; i < model.triangles.size(); ++i)
         model.triangles[i].surface = top.surfaceAt(model.centroid(model.triangles[i]));
-    addTurned(model, jewel, 16, gem);
+    model.append(
+        headOf(1800, 0.30),
+        [](Point p) {
+            return p + Point{0, 0.055, 0};
+        },
+        head);
     addBlock(model,
              {{-signLowX, signLow, -signZ},
               {signLowX, signLow, -signZ},
@@ -99,8 +139,9 @@ Model makeCentrepiece() {
                   at(-0.012, 0.4, -0.012), at(0.012, 0.4, -0.012), at(0.012, 0.4, 0.012), at(-0.012, 0.4, 0.012)},
                  plates);
     }
-    dress(model, plates, "plate", "hullpan.jpg", 0.42);
-    dress(model, gem, "gem", "eftex.jpg", 0.42);
+    dress(model, plates, "plate", "hall1.jpg", 0.42);
+    dressUpright(model, head, "head", "head1.jpg", {0, 0.055, 0}, {0.36, 0.44, 0.36});
+    addDome(model);
     model.weld(1e-5);
     return model;
 }
@@ -124,7 +165,7 @@ Model makeClaw() {
         {-0.25, -0.45, -0.15}, {0.45, 0.28, 0.15}, 0.013);
     simplify(model, 1600);
     model.addSurface({"unused", {}, {}, {}});
-    dress(model, 0, "claw", "phong5.jpg", 0.42);
+    dress(model, 0, "claw", "steel1.jpg", 0.42);
     return model;
 }
 

@@ -1,3 +1,4 @@
+#include "artwork/pictures/crease.h"
 #include "artwork/pictures/pictures.h"
 
 #include "artwork/lettering/name.h"
@@ -8,7 +9,7 @@
 #include "forge/studio.h"
 #include "forge/trace.h"
 
-// "3dframe.jpg": a prison of dark metal around a pane of 320 x 220 pixels. Seen straight on and without perspective,
+// "3dframe.jpg": the iron door of a forge around a pane of 320 x 220 pixels. Seen straight on and without perspective,
 // so that the pane's edge falls on whole pixels; one unit is 64 of them, the origin lies in the pane's middle, z runs
 // into the wall. The wide column at the left carries a mask in relief, lit from the pane.
 
@@ -16,7 +17,14 @@ namespace lumenfold::art {
 
 namespace {
 
-enum Part { plate, bevel, tube, bolt, lamp, cable, mask, niche, crease };
+// The key of the forge.
+const Colour soot = fromHex(0x120806);
+const Colour iron = fromHex(0x5A3220);
+const Colour flame = fromHex(0xFF7A18);
+const Colour blaze = fromHex(0xFF5A10);
+const Colour glare = fromHex(0xFFF5D0);
+
+enum Part { plate, bevel, tube, bolt, lamp, cable, mask, niche };
 
 constexpr float unit = 64;
 constexpr float paneColumn = 160;
@@ -122,11 +130,6 @@ float boltDistance(Vec3 p) {
                     sdf::cylinder({std::fabs(p.x - maskPlace.x) - 0.87F, p.z + 0.13F, up.place}, 0.05F, 0.04F, 0.01F));
 }
 
-// A slit of light across the whole wall below the pane, rising three degrees.
-float creaseDistance(Vec3 p) {
-    return length(p.y + halfY + 0.84F - 0.052F * (p.x + 1.25F), p.z + 0.10F) - 0.016F;
-}
-
 Nearest nearestPart(Vec3 p) {
     // the plates: a front sheet with joints, an opening with two steps down to the pane
     const float pane = sdf::rectangle(p.x, p.y, halfX, halfY);
@@ -149,7 +152,6 @@ Nearest nearestPart(Vec3 p) {
     nearest = nearer(nearest, {length(Vec3{pane - 0.16F, p.z + 0.06F, 0}) - 0.030F, tube});
     nearest = nearer(nearest, {boltDistance(p), bolt});
     nearest = nearer(nearest, {lampSegments(p).distance, lamp});
-    nearest = nearer(nearest, {creaseDistance(p), crease});
     for (int i = 0; i < 3; ++i) { // cables along the upper edge and down the left side
         const float offset = 0.10F * static_cast<float>(i);
         const float sway = 0.05F * sine(1.3F * p.x + 1.9F * static_cast<float>(i));
@@ -161,13 +163,11 @@ Nearest nearestPart(Vec3 p) {
     return nearest;
 }
 
-// What the tube, the segments and the slit throw on the metal beside them.
+// What the tube and the segments throw on the metal beside them.
 Colour spill(Vec3 p) {
     const float pane = std::max(0.0F, sdf::rectangle(p.x, p.y, halfX, halfY) - 0.16F);
     const float teal = std::max(0.0F, lampSegments(p).distance);
-    const float slit = creaseDistance(p);
-    return palette::amber * (0.075F / (0.035F + pane * pane)) + palette::teal * (0.06F / (0.02F + teal * teal)) +
-           palette::ice * (0.018F / (0.012F + slit * slit));
+    return flame * (0.075F / (0.035F + pane * pane)) + blaze * (0.06F / (0.02F + teal * teal));
 }
 
 Material materialOf(int part, Vec3 p, Vec3) {
@@ -177,35 +177,31 @@ Material materialOf(int part, Vec3 p, Vec3) {
     m.metal = 0.75F;
     switch (part) {
     case plate:
-        m.base =
-            mix(palette::deep * 0.7F, Colour{0.085F, 0.21F, 0.24F}, saturate(0.40F + 1.2F * grime + 0.3F * scratch));
+        m.base = mix(soot, iron, saturate(0.40F + 1.2F * grime + 0.3F * scratch));
         m.base = m.base * mix(0.35F, 1.15F, smoothStep(-3.5F, 5.5F, p.y * 1.4F - p.x)); // the key lamp falls off
         m.emission = m.base * spill(p);
         if (p.x > -3.25F && p.x < -2.7F) { // the letters' ground glows
-            m.emission += (palette::teal * 0.75F + palette::ice * 0.12F) * power(nameAt(p), 2);
+            m.emission += (blaze * 0.75F + glare * 0.12F) * power(nameAt(p), 2);
         }
         m.roughness = 0.16F;
         break;
     case bevel:
-        m.base = Colour{0.10F, 0.16F, 0.18F} * (0.8F + 0.7F * grime);
+        m.base = Colour{0.18F, 0.12F, 0.09F} * (0.8F + 0.7F * grime);
         m.roughness = 0.12F;
         break;
     case tube:
-        m.emission = palette::amber * 3.4F + palette::ice * 0.15F;
+        m.emission = flame * 3.4F + glare * 0.15F;
         break;
     case lamp: {
         const int index = lampSegments(p).index;
         const float on = hashUnit(index, 1, 0, 953) < 0.75F ? 1.0F : 0.05F;
-        m.emission = (palette::teal * 3.2F + palette::ice * 0.7F) * on;
+        m.emission = (blaze * 3.2F + glare * 0.7F) * on;
         break;
     }
     case bolt:
-        m.base = Colour{0.34F, 0.42F, 0.45F} * mix(0.5F, 1.2F, smoothStep(-3.5F, 5.5F, p.y * 1.4F - p.x));
+        m.base = Colour{0.42F, 0.36F, 0.30F} * mix(0.5F, 1.2F, smoothStep(-3.5F, 5.5F, p.y * 1.4F - p.x));
         m.emission = m.base * spill(p) * 0.6F;
         m.roughness = 0.10F;
-        break;
-    case crease:
-        m.emission = palette::ice * (5.5F * (1 - 0.75F * smoothStep(0.5F, 2.8F, std::fabs(p.x + 0.6F))));
         break;
     case cable:
         m.base = {0.05F, 0.06F, 0.065F};
@@ -213,13 +209,12 @@ Material materialOf(int part, Vec3 p, Vec3) {
         break;
     case mask:
         m.metal = 1;
-        m.base = {0.62F, 0.72F, 0.75F};
-        m.film = 0.45F;
-        m.filmThickness = 0.60F + 0.25F * gradientNoise(p * 1.6F, 954);
+        m.base = fromHex(0x31485C) * 3.2F;
+        m.film = 0.0F;
         m.roughness = 0.02F;
         break;
     default: // the ground of the niche
-        m.base = palette::petrol * (0.40F + 0.6F * grime);
+        m.base = iron * (0.40F + 0.6F * grime);
         m.metal = 0.85F;
         m.roughness = 0.2F;
         break;
@@ -235,17 +230,16 @@ World frameWorld() {
         static const SoftBox pane = {{0.93F, 0.05F, 0.30F}, {0, 1, 0}, 0.30F, 0.45F, 0.20F};
         static const SoftBox crease = {{0.1F, 0.45F, 0.88F}, {-0.05F, 1, 0}, 2.0F, 0.02F, 0.04F};
         const Vec3 d = {direction.x, direction.y, -direction.z};
-        return studioLight(d) * 0.9F + palette::amber * (2.2F * seen(pane, d)) +
-               palette::ice * (2.2F * seen(crease, d));
+        return studioLight(d) * 0.9F + flame * (2.2F * seen(pane, d)) + glare * (2.2F * seen(crease, d));
     };
     world.glow = [](Vec3 p) {
         const float pane = sdf::rectangle(p.x, p.y, halfX, halfY);
         const float far = length(pane - 0.16F, p.z + 0.06F);
         const float teal = std::max(0.0F, lampSegments(p).distance);
-        return palette::amber * (0.0055F / (0.02F + far * far)) + palette::teal * (0.003F / (0.02F + teal * teal));
+        return flame * (0.0055F / (0.02F + far * far)) + blaze * (0.003F / (0.02F + teal * teal));
     };
     world.keyDirection = {-0.6F, 0.7F, -0.6F};
-    world.keyLight = palette::ice * 2.4F;
+    world.keyLight = glare * 2.4F;
     world.farthest = 6;
     world.reflections = 1;
     world.ambientReach = 0.30F;
@@ -254,7 +248,7 @@ World frameWorld() {
 
 } // namespace
 
-void makePrisonFrame(const std::string& path) {
+void makeForgeDoor(const std::string& path) {
     const World world = frameWorld();
     Picture picture = renderPicture(
         512, 384, 3,
@@ -268,11 +262,12 @@ void makePrisonFrame(const std::string& path) {
         },
         0.25F);
     picture = withBloom(picture, {2.5F, 0.12F, 14, 0.10F}, Edge::clamp);
+    addVignette(picture, 0.5F);
+    addCrease(picture);
     picture.change([](Colour c, int x, int y) {
         const bool inPane = x >= 160 && x < 480 && y >= 85 && y < 305;
         return inPane ? Colour{} : c;
     });
-    addVignette(picture, 0.5F);
     writeBitmap(path, developed(picture, {1.3F, true, 0.6F}));
 }
 

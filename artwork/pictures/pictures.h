@@ -12,6 +12,6 @@ void makeMachineCore(const std::string& path);
 void makeFireWreath(const std::string& path);
 void makeMasonry(const std::string& path);
 void makeIvoryStage(const std::string& path);
-void makePrisonFrame(const std::string& path);
+void makeForgeDoor(const std::string& path);
 
 } // namespace lumenfold::art

@@ -7,7 +7,7 @@ std::vector<Recipe> pictureRecipes() {
     return {
         {"skum3.jpg", true, makeOilPool},       {"morph3.jpg", false, makeMachineCore},
         {"bkfire.jpg", false, makeFireWreath},  {"svampbak.jpg", true, makeMasonry},
-        {"part3bak.jpg", true, makeIvoryStage}, {"3dframe.jpg", false, makePrisonFrame},
+        {"part3bak.jpg", true, makeIvoryStage}, {"3dframe.jpg", false, makeForgeDoor},
     };
 }
 

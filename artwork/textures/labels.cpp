@@ -103,7 +103,7 @@ void makeNameplate(const std::string& path) {
         const int y = std::min(side - 1, static_cast<int>(v * side));
         const float stroke = mask.at(x, y).x;
         const float crease = 0.50F - 0.05F * (u - 0.5F); // the fold of light: ice above, gold below
-        const Colour metal = mix(palette::ice, palette::gold * 0.8F, smoothStep(-0.02F, 0.03F, v - crease));
+        const Colour metal = mix(fromHex(0xFFF5D0), palette::gold * 0.8F, smoothStep(-0.02F, 0.03F, v - crease));
         Colour light = metal * (stroke * (0.45F + 0.55F * smoothStep(0.3F, 0.9F, soft.at(x, y).x)));
         light += palette::amber * (0.55F * soft.at(x, y).x * (1 - stroke)) + palette::ember * (0.9F * wide.at(x, y).x);
         const float rule = std::min(std::fabs(v - 0.16F), std::fabs(v - 0.84F));
@@ -113,8 +113,9 @@ void makeNameplate(const std::string& path) {
         const float beside = std::max(0.0F, std::fabs(cell - std::floor(cell) - 0.5F) - 0.26F) / 8;
         const float lamp = length(beside, std::min(std::fabs(v - 0.075F), std::fabs(v - 0.925F)) * 0.4F);
         const float on = 0.10F + 0.90F * run * run;
-        light += mix(palette::teal, palette::ice, 0.6F * run) * (1.1F * on * smoothStep(0.018F, 0.010F, lamp)) +
-                 palette::teal * (0.30F * on * run * bell(lamp, 0.016F));
+        light +=
+            mix(fromHex(0x5A86B0), fromHex(0xFFF5D0), 0.6F * run) * (1.1F * on * smoothStep(0.018F, 0.010F, lamp)) +
+            fromHex(0x5A86B0) * (0.30F * on * run * bell(lamp, 0.016F));
         return light * 0.85F;
     });
     writeBitmap(path, withTrueBlack(developed(picture, {1, true, 0}), 3));
@@ -131,22 +132,23 @@ void makeFilmStrip(const std::string& path) {
         const float sheen = fractalNoise({2 * u, 3 * v, 5}, 2, 702, {2, 3});
         const float x = std::fabs(u - 0.5F) * wide; // from the picture's middle
         const float y = std::fabs(v - 0.5F) * high;
-        Colour base = mix(palette::ink, palette::deep, 0.55F + 0.9F * sheen) * (0.75F + 0.35F * grain);
-        base += palette::petrol * (0.30F * smoothStep(0.9F, 0.1F, v));
+        Colour base = mix(fromHex(0x120B06), fromHex(0x3A2412), 0.55F + 0.9F * sheen) * (0.75F + 0.35F * grain);
+        base += fromHex(0x5A3A1E) * (0.30F * smoothStep(0.9F, 0.1F, v));
         const float edge = high / 2 - y;
-        base += palette::ember * (0.45F * std::exp(-edge / 0.025F)) + palette::amber * (0.7F * bell(edge, 0.008F));
+        base +=
+            fromHex(0x8A5A1E) * (0.45F * std::exp(-edge / 0.025F)) + fromHex(0xFFB45A) * (0.7F * bell(edge, 0.008F));
         const float column = (10 * u - std::floor(10 * u) - 0.5F) * wide / 10;
         const float dx = std::max(0.0F, std::fabs(column) - 0.016F);
         const float dy = std::max(0.0F, std::fabs(y - 0.262F) - 0.024F);
         const float hole = length(dx, dy) - 0.010F; // distance from the rim
-        base +=
-            mix(palette::ice, palette::teal, smoothStep(0.0F, 0.010F, hole)) * (0.22F * bell(hole - 0.001F, 0.004F));
+        base += mix(fromHex(0xFFF3DC), fromHex(0xD9A25B), smoothStep(0.0F, 0.010F, hole)) *
+                (0.22F * bell(hole - 0.001F, 0.004F));
         const float gap = wide / 2 - x; // from the middle of the gap
         const float inGap = smoothStep(0.195F, 0.185F, gap) * smoothStep(0.196F, 0.188F, y);
-        base += palette::teal * (0.45F * bell(gap - 0.180F, 0.005F) * smoothStep(0.196F, 0.188F, y));
+        base += fromHex(0xD9A25B) * (0.45F * bell(gap - 0.180F, 0.005F) * smoothStep(0.196F, 0.188F, y));
         const float across = u < 0.5F ? u + 0.5F : u - 0.5F; // 0.5 in the middle of the gap
         const float crease = v - 0.5F + 0.09F * (across - 0.5F);
-        base += (palette::teal * (0.5F * bell(crease, 0.05F)) + palette::ice * (0.6F * bell(crease, 0.010F))) *
+        base += (fromHex(0xD9A25B) * (0.5F * bell(crease, 0.05F)) + fromHex(0xFFF3DC) * (0.6F * bell(crease, 0.010F))) *
                 (inGap * smoothStep(0.18F, 0.03F, gap));
         return base;
     });

@@ -32,6 +32,9 @@ void makeShaftWall(const std::string& path);
 void makeShaftPool(const std::string& path);
 void makeRipples(const std::string& path);
 void makeFire(const std::string& path);
+void makeDomeWall(const std::string& path);
+void makeClawSteel(const std::string& path);
+void makeHotHead(const std::string& path);
 void makeCoral(const std::string& path);
 
 void makeTunnelBay(const std::string& path);

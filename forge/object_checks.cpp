@@ -31,7 +31,7 @@ struct ObjectRule {
 constexpr double wide = 1e9;
 constexpr ObjectRule objectRules[] = {
     {"mytun_ny1a.lwo", 2000, 9000, false, {-4, -4, -25}, {32, 4, 20}},
-    {"prison2.lwo", 2000, 9000, false, {-16, -8, -16}, {16, 40, 50}},
+    {"prison2.lwo", 2000, 9000, false, {-16, -18, -16}, {16, 40, 50}},
     {"cube6.lwo", 50, 2000, false, {-0.45, -0.45, -0.45}, {0.45, 0.45, 0.45}},
     {"hum.lwo", 3000, 5000, true, {-13, -14, -13}, {13, 13, 13}},
     {"blob1.lwo", 2000, 5000, true, {-1.8, -1.8, -1.8}, {1.8, 1.8, 1.8}},
@@ -43,7 +43,7 @@ constexpr ObjectRule objectRules[] = {
     {"mytube3b.lwo", 2000, 9000, false, {-30, -20, -85}, {50, 30, 35}},
     {"water.lwo", 200, 4000, false, {-wide, -0.2, -wide}, {wide, 0.2, wide}},
     {"stealth.lwo", 100, 3000, false, {-7, -4, -4}, {7, 4, 4}},
-    {"credt.lwo", 200, 4000, true, {-3.5, -0.6, -3.5}, {3.5, 2.4, 3.5}},
+    {"credt.lwo", 200, 4000, false, {-3.5, -0.6, -3.5}, {3.5, 2.4, 3.5}},
     {"claw2.lwo", 500, 4000, true, {-0.4, -0.6, -0.4}, {0.6, 0.6, 0.4}},
     {"firepole.lwo", 200, 4000, false, {-0.3, -0.2, -0.3}, {0.3, 1.2, 0.3}},
     {"firebase.lwo", 50, 4000, false, {-0.5, -0.5, -0.5}, {0.5, 0.2, 0.5}},

@@ -28,7 +28,7 @@ void makeRipples(const std::string& path) {
             fromHex(0x5CC8B4) * (0.36F * line * mix(0.35F, 1, swell)) + fromHex(0x1E6B66) * (0.40F * thread * swell);
         light += fromHex(0xFFD28A) * (0.95F * line * line * thread * swell);
         light += fromHex(0xF2789A) * (0.85F * line * thread * (1 - swell));
-        return light + fromHex(0xF2789A) * (0.05F * swell);
+        return light;
     });
     picture = withBloom(picture, {1.5F, 0.14F, 7, 0.12F}, Edge::wrap);
     writeBitmap(path, withTrueBlack(developed(picture, {0.9F, false, 0}), 5));

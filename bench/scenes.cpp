@@ -1,11 +1,10 @@
-#include "assets/image.h"
 #include "bench/measure.h"
 #include "bench/sections.h"
 #include "bench/silence.h"
 #include "core/sync_state.h"
 #include "driver/music.h"
-#include "driver/scene_table.h"
-#include "render/depth_buffer.h"
+#include "driver/session.h"
+#include "effects/frame_size.h"
 
 #include <cstddef>
 #include <string>
@@ -15,7 +14,6 @@ namespace lumenfold::bench {
 
 namespace {
 
-constexpr FrameInfo frame = {512, 384, 1, 22050, 1};
 constexpr float unitsPerFrame = 15.68F / 60.0F;
 
 // Times below are demo time since the part's first frame.
@@ -40,9 +38,9 @@ std::vector<Sync> every(float step, std::uint32_t value, int count) {
     return syncs;
 }
 
-// What the music does to each part, so that every phase is met.
-std::vector<Script> scripts() {
-    return {
+// What the music does to a part, so that every phase is met. Parts without phases of their own are not listed.
+Script scriptOf(std::int32_t part) {
+    const std::vector<Script> scripts = {
         {1,
          {{"tunnel", 288}, {"dissolve", 351}, {"logo", 587}, {"fade-out", 650}, {"hall", 987}, {"cross-fade", 1046}},
          {{39, 288}, {36, 660}}},
@@ -65,18 +63,11 @@ std::vector<Script> scripts() {
         {7, {{"fade-in", 256}, {"wave", 400}}, {}},
         {8, {{"pane", 400}}, every(50, 37, 6)},
         {9, {{"tube", 400}}, every(30, 37, 12)},
-        {10, {{"metaballs", 400}}, {}},
-        {scrollerPart, {{"scroller", 300}}, {}},
     };
-}
-
-void loadScenes() {
-    const Silence noCommentary; // of the object reader
-    textureCache.open();
-    syncState.zero();
-    for (const SceneRow& row : sceneTable)
-        row.effect(frame, EffectCommand::Init, nullptr, 0.0F);
-    allocateDepthBuffer(frame.width, frame.height);
+    for (const Script& script : scripts)
+        if (script.part == part)
+            return script;
+    return {part, {{"whole", 400}}, {}};
 }
 
 void addPhase(Report& report, const std::string& name, std::vector<double>& times) {
@@ -88,11 +79,11 @@ void addPhase(Report& report, const std::string& name, std::vector<double>& time
     times.clear();
 }
 
-// Plays one part and moves the demo time on.
-void play(Report& report, const Script& script, std::vector<Pixel32>& pixels, float& time) {
-    const SceneRow& scene = sceneOfPart(script.part);
-    if (script.part <= mainParts)
-        syncState.currentPart = static_cast<std::uint8_t>(script.part);
+// Plays a scene's part and moves the demo time on.
+void play(Report& report, const SceneRow& scene, std::vector<Pixel32>& pixels, float& time) {
+    const Script script = scriptOf(scene.part);
+    if (scene.part <= mainParts)
+        syncState.currentPart = static_cast<std::uint8_t>(scene.part);
     std::vector<double> times;
     std::size_t nextSync = 0;
     float local = 0.0F;
@@ -101,31 +92,30 @@ void play(Report& report, const Script& script, std::vector<Pixel32>& pixels, fl
             for (; nextSync < script.syncs.size() && script.syncs[nextSync].at <= local; ++nextSync)
                 musicSyncCallback(script.syncs[nextSync].value, 0, 0);
             const double begin = threadMicroseconds();
-            scene.effect(frame, EffectCommand::Render, pixels.data(), time + local);
+            Session::render(scene, pixels.data(), time + local);
             times.push_back(threadMicroseconds() - begin);
         }
         addPhase(report, "part " + std::to_string(script.part) + ", " + phase.name, times);
     }
     time += local;
-    clearDepthBuffer();
-    if (script.part <= 3)
-        syncState.zero();
+    Session::leave(scene);
 }
 
 } // namespace
 
 void measureScenes(Report& report, bool) {
     report.section("Scenes, one frame");
-    loadScenes();
-    std::vector<Pixel32> pixels(static_cast<std::size_t>(frame.width) * frame.height);
-    float time = 1000.0F; // demo time begins anywhere
-    for (const Script& script : scripts())
-        play(report, script, pixels, time);
-    for (const SceneRow& row : sceneTable) {
-        if (row.released)
-            row.effect(frame, EffectCommand::Release, nullptr, 0.0F);
+    Session session(sceneTable());
+    {
+        const Silence noCommentary; // of the object reader
+        session.load();
     }
-    textureCache.close();
+    std::vector<Pixel32> pixels(pixelCount(frameInfo));
+    float time = 1000.0F; // demo time begins anywhere
+    for (const SceneRow& scene : session.scenes())
+        if (scene.part != noPart)
+            play(report, scene, pixels, time);
+    session.release();
 }
 
 } // namespace lumenfold::bench

@@ -3,12 +3,12 @@
 
 namespace lumenfold {
 
-std::int32_t enterProgram() {
+std::int32_t enterProgram(const SceneTable& scenes) {
     Display display;
     programDisplay = &display;
     std::int32_t status = 0;
     try {
-        run();
+        run(scenes);
     } catch (const DynamicError& error) {
         ptc::report(error);
     } catch (const MusicFailure& failure) {

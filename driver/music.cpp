@@ -67,9 +67,4 @@ void switchMusic(const char* fileName, ptc::Console& console) {
     startMusic(fileName, console);
 }
 
-void forgetMusic() {
-    module = nullptr;
-    playHandle = 0;
-}
-
 } // namespace lumenfold

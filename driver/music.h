@@ -21,9 +21,6 @@ void stopMusic();
 // Stops the running tune and starts another one afresh.
 void switchMusic(const char* fileName, ptc::Console& console);
 
-// Forgets the handles of an earlier run within the same process.
-void forgetMusic();
-
 // Turns a sync command into its write to syncState: values below 32 count currentPart, six others set a flag.
 void musicSyncCallback(std::uint32_t value, std::uint32_t order, std::uint32_t row);
 

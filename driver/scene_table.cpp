@@ -14,28 +14,35 @@
 #include "effects/welding_film.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace lumenfold {
 
-const std::array<SceneRow, 13> sceneTable{{
-    {"tunnelOpening", tunnelOpening, 25, 1, true},
-    {"spriteRingCube", spriteRingCube, 50, 2, true},
-    {"tumblingShowcase", tumblingShowcase, 100, 3, true},
-    {"twinTunnel", twinTunnel, 150, 4, true},
-    {"weldingFilm", weldingFilm, 200, 5, true},
-    {"stealthFlight", stealthFlight, 250, 6, true},
-    {"waveWarp", waveWarp, 300, 7, true},
-    {"framedFirePole", framedFirePole, 350, 8, true},
-    {"pulsingTube", pulsingTube, 400, 9, true},
-    {"dormantSparkPlane", dormantSparkPlane, 450, noPart, true},
-    {"dormantFlarePicture", dormantFlarePicture, 500, noPart, false},
-    {"metaballFlares", metaballFlares, 0, 10, false},
-    {"endScroller", endScroller, 0, scrollerPart, false},
-}};
+const SceneTable& sceneTable() {
+    using enum AfterLoop;
+    static const SceneTable table{
+        // name, Effect, loading bar, part, after its loop, released
+        {"tunnelOpening", tunnelOpening, 25, 1, ForceNext, true},
+        {"spriteRingCube", spriteRingCube, 50, 2, ForceNext, true},
+        {"tumblingShowcase", tumblingShowcase, 100, 3, ForceNext, true},
+        {"twinTunnel", twinTunnel, 150, 4, ClearDepth, true},
+        {"weldingFilm", weldingFilm, 200, 5, ClearDepth, true},
+        {"stealthFlight", stealthFlight, 250, 6, ClearDepth, true},
+        {"waveWarp", waveWarp, 300, 7, ClearDepth, true},
+        {"framedFirePole", framedFirePole, 350, 8, ClearDepth, true},
+        {"pulsingTube", pulsingTube, 400, 9, ClearDepth, true},
+        {"dormantSparkPlane", dormantSparkPlane, 450, noPart, Nothing, true},
+        {"dormantFlarePicture", dormantFlarePicture, 500, noPart, Nothing, false},
+        {"metaballFlares", metaballFlares, 0, 10, StartEndTune, false},
+        {"endScroller", endScroller, 0, scrollerPart, Nothing, false},
+    };
+    return table;
+}
 
 const SceneRow& sceneOfPart(std::int32_t part) {
-    return *std::find_if(sceneTable.begin(), sceneTable.end(),
-                         [part](const SceneRow& row) { return row.part == part; });
+    assert(part > noPart && part <= scrollerPart);
+    const SceneTable& table = sceneTable();
+    return *std::find_if(table.begin(), table.end(), [part](const SceneRow& row) { return row.part == part; });
 }
 
 } // namespace lumenfold

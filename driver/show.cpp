@@ -24,27 +24,21 @@ Display& open(Display& display) {
 
 } // namespace
 
-Show::Show(Display& opened)
-    : time(counterFrequency()), display(open(opened)), surface(frameInfo.width, frameInfo.height, display.format) {
+Show::Show(Display& opened, const SceneTable& scenes)
+    : time(counterFrequency()), display(open(opened)), surface(frameInfo.width, frameInfo.height, display.format),
+      session(scenes) {
     presentedFrame = {};
 }
 
-void Show::loadScenes() {
-    for (const SceneRow& scene : sceneTable) {
+void Show::load() {
+    session.load([this](const SceneRow& scene) {
         if (scene.barWidth > 0)
             presentBar(scene.barWidth);
         if (scene.part == scrollerPart) { // loads after the bar has gone
             surface.clear();
             display.console.clear();
         }
-        scene.effect(frameInfo, EffectCommand::Init, nullptr, 0.0F);
-    }
-}
-
-void Show::releaseScenes() {
-    for (const SceneRow& scene : sceneTable)
-        if (scene.released)
-            scene.effect(frameInfo, EffectCommand::Release, nullptr, 0.0F);
+    });
 }
 
 void Show::presentBar(std::int32_t width) {
@@ -55,7 +49,7 @@ void Show::presentBar(std::int32_t width) {
 void Show::presentScene(const SceneRow& scene) {
     Pixel32* frameBuffer = surface.lock();
     presentedFrame = {&scene, time.at(readCounter())};
-    scene.effect(frameInfo, EffectCommand::Render, frameBuffer, presentedFrame.time);
+    Session::render(scene, frameBuffer, presentedFrame.time);
     present();
 }
 

@@ -4,7 +4,6 @@
 #include "driver/clock.h"
 #include "driver/music.h"
 #include "effects/end_scroller.h"
-#include "render/depth_buffer.h"
 
 namespace lumenfold {
 
@@ -18,24 +17,17 @@ void waitForMusic(Show& show) {
         idle();
 }
 
-// Shows the part for as long as currentPart holds its number: not at all if the music has counted past it.
-void playPart(Show& show, std::uint8_t part) {
-    const SceneRow& scene = sceneOfPart(part);
-    while (syncState.currentPart == part && !show.keyWaiting())
-        show.presentScene(scene);
+// Whether the scene's turn goes on: not even for a frame if the music has counted past its part.
+bool lasts(const SceneRow& scene) {
+    return scene.part == scrollerPart ? endScrollDone == 0 : syncState.currentPart == scene.part;
 }
 
-// The first parts follow each other whatever the music has counted meanwhile.
-void forcePart(std::uint8_t part) {
-    clearDepthBuffer();
-    syncState.zero();
-    syncState.currentPart = part;
-}
-
-void playEndScroller(Show& show) {
-    const SceneRow& scene = sceneOfPart(scrollerPart);
-    while (endScrollDone == 0 && !show.keyWaiting())
+void play(const SceneRow& scene, Show& show) {
+    while (lasts(scene) && !show.keyWaiting())
         show.presentScene(scene);
+    Session::leave(scene);
+    if (scene.after == AfterLoop::StartEndTune)
+        switchMusic("endtune.xm", show.console());
 }
 
 } // namespace
@@ -43,27 +35,9 @@ void playEndScroller(Show& show) {
 void playTimeline(Show& show) {
     while (!show.keyWaiting() && syncState.currentPart != finished) {
         waitForMusic(show);
-        playPart(show, 1);
-        forcePart(2);
-        playPart(show, 2);
-        forcePart(3);
-        playPart(show, 3);
-        forcePart(4);
-        playPart(show, 4);
-        clearDepthBuffer();
-        playPart(show, 5);
-        clearDepthBuffer();
-        playPart(show, 6);
-        clearDepthBuffer();
-        playPart(show, 7);
-        clearDepthBuffer();
-        playPart(show, 8);
-        clearDepthBuffer();
-        playPart(show, 9);
-        clearDepthBuffer();
-        playPart(show, 10);
-        switchMusic("endtune.xm", show.console());
-        playEndScroller(show);
+        for (const SceneRow& scene : show.scenes())
+            if (scene.part != noPart)
+                play(scene, show);
     }
 }
 

@@ -1,12 +1,10 @@
 #include "programs/film_show.h"
 
-#include "assets/image.h"
 #include "core/sync_state.h"
 #include "driver/clock.h"
 #include "driver/midas.h"
 #include "driver/music.h"
 #include "driver/run.h"
-#include "render/depth_buffer.h"
 
 #include <cmath>
 #include <stdexcept>
@@ -17,7 +15,7 @@ namespace lumenfold::film {
 namespace {
 
 const SceneRow& sceneNamed(const std::string& name) {
-    for (const SceneRow& row : sceneTable)
+    for (const SceneRow& row : sceneTable())
         if (name == row.name)
             return row;
     throw UsageError("--scene: no scene is called " + name + "; there are\n" + sceneNames());
@@ -58,7 +56,7 @@ class Script {
 
 std::string sceneNames() {
     std::string names;
-    for (const SceneRow& row : sceneTable)
+    for (const SceneRow& row : sceneTable())
         names += std::string("  ") + row.name + "\n";
     return names;
 }
@@ -78,12 +76,9 @@ void filmShow(Film& film, const Options& options) {
 void filmScene(Film& film, const Options& options) {
     const SceneRow& scene = sceneNamed(options.scene);
     Display display;
-    resetProgramState();
     stage().begin(nullptr, options.fps);
     Show show(display);
-    textureCache.open();
-    show.loadScenes();
-    allocateDepthBuffer(frameInfo.width, frameInfo.height);
+    show.load();
     syncState.currentPart = static_cast<std::uint8_t>(scene.part);
 
     stage().begin(&film, options.fps, options.start);

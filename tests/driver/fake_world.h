@@ -7,12 +7,14 @@
 #include <string>
 #include <vector>
 
-// A platform and thirteen scenes that do as a script says and write down what the driver does with them.
+// A platform, and scenes in the places of the demo's own, that do as a script says and write down what the driver does
+// with them.
 
 namespace lumenfold::test {
 
 constexpr int keyPress = -1;
-constexpr int waitingLoop = 0; // as the scene of an event: the driver waits for the music
+constexpr int scrollerScene = 13; // the last of the table
+constexpr int waitingLoop = 0;    // as the scene of an event: the driver waits for the music
 
 // During the frame-th frame (from 0) that a scene renders, or its Init at frame loading, a sync command or a key.
 constexpr int loading = -1;

@@ -1,24 +1,19 @@
 #pragma once
 
-#include "assets/image.h"
-#include "core/effect.h"
-#include "core/random.h"
 #include "core/sync_state.h"
+#include "driver/session.h"
 #include "effects/frame_size.h"
-#include "effects/warp.h"
-#include "render/depth_buffer.h"
-#include "render/scene.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <optional>
 #include <sstream>
 #include <vector>
 
 namespace lumenfold::test {
-
-inline constexpr FrameInfo show{512, 384, 1, 22050, 1};
 
 using Frame = std::vector<Pixel32>;
 
@@ -32,29 +27,35 @@ class ShowScenes : public testing::Test {
     }
     void TearDown() override {
         std::cout.rdbuf(commentary);
-        textureCache.close();
+        session.reset();
         std::filesystem::current_path(before);
         syncState.zero();
     }
 
-    // A new run of the program that loads only these scenes.
+    // A new run of the program that loads only these scenes, in their order.
     void load(const std::vector<Effect>& scenes) {
-        textureCache.open();
-        syncState.zero();
-        resetRand();
-        warpOffset = 0;
-        sharedDepthBias = 0.0F;
+        SceneTable table;
         for (const Effect scene : scenes)
-            scene(show, EffectCommand::Init, nullptr, 0.0F);
-        allocateDepthBuffer(show.width, show.height);
+            table.push_back(rowOf(scene));
+        load(table);
+    }
+    void load(const SceneTable& table) {
+        session.reset();
+        session.emplace(table).load();
         swallowed.str({});
     }
 
-    static void draw(Effect scene, Frame& frame, float time) { scene(show, EffectCommand::Render, frame.data(), time); }
+    static void draw(Effect scene, Frame& frame, float time) { Session::render(rowOf(scene), frame.data(), time); }
 
-    static Frame blank() { return Frame(pixelCount(show)); }
+    static Frame blank() { return Frame(pixelCount(frameInfo)); }
 
   private:
+    static const SceneRow& rowOf(Effect scene) {
+        const SceneTable& table = sceneTable();
+        return *std::find_if(table.begin(), table.end(), [=](const SceneRow& row) { return row.effect == scene; });
+    }
+
+    std::optional<Session> session;
     std::filesystem::path before;
     std::streambuf* commentary = nullptr; // of the object reader
     std::ostringstream swallowed;

@@ -4,18 +4,7 @@
 
 #include "show_scenes.h"
 
-#include "effects/dormant.h"
-#include "effects/end_scroller.h"
-#include "effects/framed_fire_pole.h"
-#include "effects/metaball_flares.h"
-#include "effects/pulsing_tube.h"
-#include "effects/sprite_ring_cube.h"
-#include "effects/stealth_flight.h"
-#include "effects/tumbling_showcase.h"
-#include "effects/tunnel_opening.h"
-#include "effects/twin_tunnel.h"
-#include "effects/wave_warp.h"
-#include "effects/welding_film.h"
+#include "render/depth_buffer.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -26,10 +15,6 @@ namespace {
 
 constexpr Pixel32 sentinel = 0xA5C35A3C;
 constexpr std::ptrdiff_t margin = 512 * 4; // pixels before and behind the frame that must stay as they are
-
-const std::initializer_list<Effect> scenes = {
-    tunnelOpening,  spriteRingCube, tumblingShowcase,  twinTunnel,          weldingFilm,    stealthFlight, waveWarp,
-    framedFirePole, pulsingTube,    dormantSparkPlane, dormantFlarePicture, metaballFlares, endScroller};
 
 int secondsOfEach() {
     const char* asked = std::getenv("LUMENFOLD_SOAK");
@@ -58,21 +43,21 @@ INSTANTIATE_TEST_SUITE_P(FramesPerSecond, Soak, testing::Values(30, 60, 144), te
 
 TEST_P(Soak, ScenesStayInsideTheirFrame) {
     constexpr double unitsPerSecond = 15.68;
-    load(scenes);
+    load(sceneTable());
     RandomFlags flags;
-    Frame memory(pixelCount(show) + 2 * margin, sentinel);
+    Frame memory(pixelCount(frameInfo) + 2 * margin, sentinel);
     const auto frame = memory.begin() + margin;
     double time = 3.0;
-    for (const Effect scene : scenes) {
+    for (const SceneRow& scene : sceneTable()) {
         clearDepthBuffer();
         for (int n = 0; n < secondsOfEach() * GetParam(); ++n) {
             flags.change();
-            scene(show, EffectCommand::Render, &*frame, static_cast<float>(time));
+            Session::render(scene, &*frame, static_cast<float>(time));
             time += unitsPerSecond / GetParam();
         }
         const auto kept = [](Pixel32 pixel) { return pixel == sentinel; };
         ASSERT_TRUE(std::all_of(memory.begin(), frame, kept) && std::all_of(memory.end() - margin, memory.end(), kept))
-            << "scene " << &scene - scenes.begin();
+            << scene.name;
     }
 }
 
@@ -81,10 +66,10 @@ using SceneRuns = ShowScenes;
 // Everything that a scene keeps starts again with loading, so that one process can run the show twice.
 TEST_F(SceneRuns, LoadingAgainGivesTheSamePictures) {
     const auto play = [this] {
-        load(scenes);
+        load(sceneTable());
         std::vector<Frame> last;
-        Frame pixels(pixelCount(show), 0x00123456);
-        for (const Effect scene : scenes) {
+        Frame pixels(pixelCount(frameInfo), 0x00123456);
+        for (const SceneRow& scene : sceneTable()) {
             clearDepthBuffer();
             for (int n = 0; n < 24; ++n) {
                 syncState.syncFlag37 = n % 5 == 0;
@@ -94,7 +79,7 @@ TEST_F(SceneRuns, LoadingAgainGivesTheSamePictures) {
                     syncState.syncFlag36 = 1;
                     syncState.syncFlag59 = 1;
                 }
-                draw(scene, pixels, 40.0F + static_cast<float>(n) * 3.1F);
+                Session::render(scene, pixels.data(), 40.0F + static_cast<float>(n) * 3.1F);
             }
             syncState.zero();
             last.push_back(pixels);
@@ -103,7 +88,7 @@ TEST_F(SceneRuns, LoadingAgainGivesTheSamePictures) {
     };
     const auto first = play(), second = play();
     for (std::size_t i = 0; i < first.size(); ++i)
-        EXPECT_TRUE(first[i] == second[i]) << "scene " << i;
+        EXPECT_TRUE(first[i] == second[i]) << sceneTable()[i].name;
 }
 
 } // namespace

@@ -14,7 +14,7 @@ class StealthFlight : public test::ShowScenes {
     // Frames of a new run at the local times given; the flag is set before the frames named.
     std::vector<test::Frame> run(const std::vector<float>& localTimes, const std::set<std::size_t>& flags) {
         load({stealthFlight});
-        std::vector<test::Frame> frames(localTimes.size(), test::Frame(pixelCount(test::show), 0x00123456));
+        std::vector<test::Frame> frames(localTimes.size(), test::Frame(pixelCount(frameInfo), 0x00123456));
         for (std::size_t n = 0; n < frames.size(); ++n) {
             if (flags.count(n) != 0)
                 syncState.syncFlag37 = 1;

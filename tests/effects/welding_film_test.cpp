@@ -15,7 +15,7 @@ class WeldingFilm : public test::ShowScenes {
   protected:
     void loadAll() {
         load({spriteRingCube, twinTunnel, weldingFilm, stealthFlight});
-        const auto still = test::randomPixels(pixelCount(test::show), 4);
+        const auto still = test::randomPixels(pixelCount(frameInfo), 4);
         for (std::size_t i = 0; i < still.size(); ++i)
             frozenStill()[i] = still[i] & 0x003F3F3F;
     }
@@ -26,7 +26,7 @@ TEST_F(WeldingFilm, SplitEndsTheWeldingAtItsTime) {
     test::Frame frame = blank(), still;
     for (const float t : {0.0F, 26.99F, 27.0F, 27.01F}) {
         draw(weldingFilm, frame, start + t);
-        const test::Frame burned(frozenStill(), frozenStill() + pixelCount(test::show));
+        const test::Frame burned(frozenStill(), frozenStill() + pixelCount(frameInfo));
         EXPECT_EQ(burned == still, t >= 27.0F) << t;
         still = burned;
     }
@@ -34,7 +34,7 @@ TEST_F(WeldingFilm, SplitEndsTheWeldingAtItsTime) {
 
 TEST_F(WeldingFilm, FilmRollsUntilItsCameraArrivesThenHoldsTheNextPicture) {
     loadAll();
-    const test::Frame held(heldPicture(), heldPicture() + pixelCount(test::show));
+    const test::Frame held(heldPicture(), heldPicture() + pixelCount(frameInfo));
     test::Frame frame = blank();
     draw(weldingFilm, frame, start - 30.0F);
     syncState.syncFlag59 = 1;

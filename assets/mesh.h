@@ -1,5 +1,6 @@
 #pragma once
 
+#include "assets/draw_mode.h"
 #include "core/pixel.h"
 
 #include <array>
@@ -30,20 +31,15 @@ struct TextureLayer {
     Pixel32* texels = nullptr; // 256 x 256, owned by the texture cache or by the scene that put it here
 };
 
-// Drawing modes: the caller's bits with these added by the reader. The renderer compares the whole word.
-inline constexpr std::uint32_t modeColourLayer = 0x08;
-inline constexpr std::uint32_t modeReflectionLayer = 0x10;
-inline constexpr std::uint32_t modeTransparencyLayer = 0x20;
-
 struct MeshMaterial {
     std::string name;
     std::array<std::uint8_t, 3> colour{}; // red, green, blue
     std::uint32_t doubleSided = 0;        // 0: faces that look away are not drawn
-    std::uint32_t mode = 0;
+    std::uint32_t mode = 0;               // a DrawMode, or bits for which nothing is drawn
     std::unique_ptr<TextureLayer> colourLayer;
     std::unique_ptr<TextureLayer> reflectionLayer;
     std::unique_ptr<TextureLayer> transparencyLayer;
-    std::int32_t scroll = 0; // texels added to the column in mode 0x29
+    std::int32_t scroll = 0; // texels added to the column in mode PerspectiveAdd
     std::uint16_t transparency = 0;
 };
 

@@ -2,6 +2,7 @@
 #include "bench/sections.h"
 #include "bench/silence.h"
 #include "core/sync_state.h"
+#include "core/sync_values.h"
 #include "driver/music.h"
 #include "driver/session.h"
 #include "effects/frame_size.h"
@@ -43,10 +44,10 @@ Script scriptOf(std::int32_t part) {
     const std::vector<Script> scripts = {
         {1,
          {{"tunnel", 288}, {"dissolve", 351}, {"logo", 587}, {"fade-out", 650}, {"hall", 987}, {"cross-fade", 1046}},
-         {{39, 288}, {36, 660}}},
+         {{sync::dissolve, 288}, {sync::hall, 660}}},
         {2,
          {{"ring grows", 32}, {"whole ring", 200}, {"cube", 272}, {"held picture", 280}},
-         {{32, 40}, {32, 80}, {32, 120}, {59, 200}}},
+         {{sync::pulse, 40}, {sync::pulse, 80}, {sync::pulse, 120}, {sync::swap, 200}}},
         {3,
          {{"first object", 100},
           {"second object", 200},
@@ -54,15 +55,24 @@ Script scriptOf(std::int32_t part) {
           {"fourth object", 400},
           {"fifth object", 500},
           {"fade-out", 570}},
-         {{37, 50}, {59, 100}, {37, 150}, {59, 200}, {37, 250}, {59, 300}, {37, 350}, {59, 400}, {37, 450}, {33, 500}}},
+         {{sync::hit, 50},
+          {sync::swap, 100},
+          {sync::hit, 150},
+          {sync::swap, 200},
+          {sync::hit, 250},
+          {sync::swap, 300},
+          {sync::hit, 350},
+          {sync::swap, 400},
+          {sync::hit, 450},
+          {sync::fadeOut, 500}}},
         {4,
          {{"twin tunnel", 200}, {"light spot", 220}, {"ray tunnel", 420}, {"still", 430}},
-         {{37, 50}, {37, 100}, {59, 200}, {32, 220}, {59, 420}}},
-        {5, {{"weld", 27}, {"split", 45}, {"film roll", 134}, {"held picture", 145}}, {{59, 45}}},
-        {6, {{"flight", 221}, {"fade-out", 306}}, every(50, 37, 4)},
+         {{sync::hit, 50}, {sync::hit, 100}, {sync::swap, 200}, {sync::pulse, 220}, {sync::swap, 420}}},
+        {5, {{"weld", 27}, {"split", 45}, {"film roll", 134}, {"held picture", 145}}, {{sync::swap, 45}}},
+        {6, {{"flight", 221}, {"fade-out", 306}}, every(50, sync::hit, 4)},
         {7, {{"fade-in", 256}, {"wave", 400}}, {}},
-        {8, {{"pane", 400}}, every(50, 37, 6)},
-        {9, {{"tube", 400}}, every(30, 37, 12)},
+        {8, {{"pane", 400}}, every(50, sync::hit, 6)},
+        {9, {{"tube", 400}}, every(30, sync::hit, 12)},
     };
     for (const Script& script : scripts)
         if (script.part == part)

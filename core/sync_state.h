@@ -27,9 +27,10 @@ class SyncByte {
 };
 
 // The 20 bytes through which the music drives the demo: the number of the running part and flags that are named
-// by the sync value that sets them. The playback thread sets flags and counts the part; scenes clear the flags.
+// by the sync value that sets them; core/sync_values.h says what the values mean. The playback thread sets flags and
+// counts the part; scenes clear the flags.
 struct SyncState {
-    SyncByte currentPart; // byte 0: 0 waits for the music, 1 to 10 the main parts, 31 the end
+    SyncByte currentPart; // byte 0: 0 waits for the music, then 1 to mainParts, at last finishedPart
     SyncByte syncFlag32;
     SyncByte syncFlag33;
     SyncByte unused3;

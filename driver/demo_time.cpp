@@ -2,10 +2,14 @@
 
 #include "driver/extended.h"
 
+#include <cassert>
+
 namespace lumenfold {
 
 DemoTime::DemoTime(std::int64_t frequency)
-    : invFrequency(Extended::reciprocal(static_cast<std::uint64_t>(frequency)).toFloat()) {}
+    : invFrequency(Extended::reciprocal(static_cast<std::uint64_t>(frequency)).toFloat()) {
+    assert(frequency > 0);
+}
 
 std::uint32_t DemoTime::timeUnits(std::int64_t counter) const {
     const Extended seconds =

@@ -1,8 +1,11 @@
 #include "driver/loading_bar.h"
 
+#include <cassert>
+
 namespace lumenfold {
 
 void drawLoadingBar(FrameInfo info, Pixel32* frame, std::int32_t width) {
+    assert(width <= info.width);
     constexpr std::int32_t firstRow = 178;
     constexpr std::int32_t rows = 16;
     for (std::int32_t row = firstRow; row < firstRow + rows; ++row)

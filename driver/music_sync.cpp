@@ -1,30 +1,31 @@
 #include "core/sync_state.h"
+#include "core/sync_values.h"
 #include "driver/music.h"
 
 namespace lumenfold {
 
 void musicSyncCallback(std::uint32_t value, std::uint32_t, std::uint32_t) {
-    if (value < 32) {
+    if (value < sync::firstFlag) {
         syncState.currentPart.increment();
         return;
     }
     switch (value) {
-    case 32:
+    case sync::pulse:
         syncState.syncFlag32 = 1;
         break;
-    case 33:
+    case sync::fadeOut:
         syncState.syncFlag33 = 1;
         break;
-    case 36:
+    case sync::hall:
         syncState.syncFlag36 = 1;
         break;
-    case 37:
+    case sync::hit:
         syncState.syncFlag37 = 1;
         break;
-    case 39:
+    case sync::dissolve:
         syncState.syncFlag39 = 1;
         break;
-    case 59:
+    case sync::swap:
         syncState.syncFlag59 = 1;
         break;
     default:

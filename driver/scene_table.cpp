@@ -40,9 +40,11 @@ const SceneTable& sceneTable() {
 }
 
 const SceneRow& sceneOfPart(std::int32_t part) {
-    assert(part > noPart && part <= scrollerPart);
     const SceneTable& table = sceneTable();
-    return *std::find_if(table.begin(), table.end(), [part](const SceneRow& row) { return row.part == part; });
+    const auto found =
+        std::find_if(table.begin(), table.end(), [part](const SceneRow& row) { return row.part == part; });
+    assert(part != noPart && found != table.end());
+    return *found;
 }
 
 } // namespace lumenfold

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/effect.h"
+#include "core/sync_values.h"
 
 #include <cstdint>
 #include <vector>
@@ -24,16 +25,14 @@ struct SceneRow {
     bool released; // gets the Release command at the end
 };
 
-// In the order in which the scenes load, are shown and are released; parts are numbered on from 1.
+// In the order in which the scenes load, are shown and are released.
 using SceneTable = std::vector<SceneRow>;
 
 // All scenes of the demo.
 const SceneTable& sceneTable();
 
-// Numbers by which the scene table and the film name what is on screen.
-inline constexpr std::int32_t noPart = 0;                   // loading, or a scene that is never shown
-inline constexpr std::int32_t mainParts = 10;               // parts 1 to mainParts follow currentPart
-inline constexpr std::int32_t scrollerPart = mainParts + 1; // the end scroller, until it sets endScrollDone
+// Instead of a part's number, in the table and on film: loading, or a scene that is never shown.
+inline constexpr std::int32_t noPart = 0;
 
 // The row of the scene that a part shows; part is 1 to scrollerPart.
 const SceneRow& sceneOfPart(std::int32_t part);

@@ -9,11 +9,8 @@ namespace lumenfold {
 
 namespace {
 
-constexpr std::uint8_t waiting = 0; // values of currentPart that are no part
-constexpr std::uint8_t finished = 31;
-
 void waitForMusic(Show& show) {
-    while (syncState.currentPart == waiting && !show.keyWaiting())
+    while (syncState.currentPart == noPart && !show.keyWaiting())
         idle();
 }
 
@@ -33,7 +30,7 @@ void play(const SceneRow& scene, Show& show) {
 } // namespace
 
 void playTimeline(Show& show) {
-    while (!show.keyWaiting() && syncState.currentPart != finished) {
+    while (!show.keyWaiting() && syncState.currentPart != finishedPart) {
         waitForMusic(show);
         for (const SceneRow& scene : show.scenes())
             if (scene.part != noPart)

@@ -65,7 +65,7 @@ void addClaws(FrameInfo info) {
 // An object that is added onto the picture.
 Mesh& addGlowingObject(const char* fileName) {
     Mesh& mesh = addObjectFromFile(state.scene, fileName);
-    setModes(mesh, 0x29);
+    setModes(mesh, DrawMode::PerspectiveAdd);
     return mesh;
 }
 

@@ -3,13 +3,21 @@
 #include "assets/lightwave.h"
 #include "render/scene.h"
 
+#include <cassert>
+
 namespace lumenfold {
 
-// Adds an object to the scene and reads it from a file with the file's own surfaces (mode bits 1). The scene must
-// hold fewer than 100 objects and owns the new one; a missing file leaves it empty.
+// Adds an empty object to the scene, which must hold fewer than Scene::maxObjects and owns the new one.
+inline Mesh& addEmptyObject(Scene& scene) {
+    Mesh* mesh = scene.addObject();
+    assert(mesh != nullptr);
+    return *mesh;
+}
+
+// Adds an object, as above, and reads it from a file with the file's own surfaces; a missing file leaves it empty.
 inline Mesh& addObjectFromFile(Scene& scene, const char* fileName) {
-    Mesh& mesh = *scene.addObject();
-    readLightWaveObject(fileName, mesh, 1);
+    Mesh& mesh = addEmptyObject(scene);
+    readLightWaveObject(fileName, mesh, modeDrawn);
     return mesh;
 }
 

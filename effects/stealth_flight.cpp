@@ -41,11 +41,11 @@ void drawFlight(FrameInfo info, Pixel32* target) {
 
 void loadScene() {
     addObjectFromFile(state.scene, "mytube3b.lwo");
-    setModes(addObjectFromFile(state.scene, "water.lwo"), 0x29);
+    setModes(addObjectFromFile(state.scene, "water.lwo"), DrawMode::PerspectiveAdd);
     Mesh& stealth = addObjectFromFile(state.scene, "stealth.lwo");
-    setModes(stealth, 0x401);
+    setModes(stealth, DrawMode::Affine);
     if (stealth.materials.size() > 1)
-        stealth.materials[1].mode = 0x501;
+        stealth.materials[1].mode = DrawMode::AffineAdd;
     stealth.position = {10.0F, 2.2F, -30.0F};
     state.scene.cameraPosition = {6.5F, 2.5F, -10.0F};
 }

@@ -6,6 +6,7 @@
 #include "core/sync_state.h"
 #include "effects/commands.h"
 #include "effects/picture.h"
+#include "effects/scene_objects.h"
 #include "effects/strip_reveal.h"
 #include "render/depth_buffer.h"
 #include "render/scene.h"
@@ -24,17 +25,17 @@ struct Exhibit {
     const char* object;
     const char* firstTexture;
     const char* secondTexture;
-    std::uint32_t mode;
+    DrawMode mode;
     float scale;
     Vector3 spin; // degrees each frame
 };
 
 constexpr std::array<Exhibit, 5> exhibits{{
-    {"hum.lwo", "cells3c.jpg", "phong5.jpg", 25, 1.0F, {2.2F, 3.5F, 1.0F}},
-    {"blob1.lwo", "eftex.jpg", nullptr, 17, 7.0F, {2.4F, 3.3F, 3.6F}},
-    {"blob2.lwo", "cubet5.jpg", nullptr, 17, 22.0F, {1.4F, 3.2F, 3.1F}},
-    {"blob1.lwo", "phong5.jpg", nullptr, 17, 7.0F, {2.4F, 1.7F, 3.6F}},
-    {"hum.lwo", "phong5.jpg", nullptr, 17, 1.0F, {2.4F, 1.7F, 3.6F}},
+    {"hum.lwo", "cells3c.jpg", "phong5.jpg", DrawMode::TwoLayers, 1.0F, {2.2F, 3.5F, 1.0F}},
+    {"blob1.lwo", "eftex.jpg", nullptr, DrawMode::Reflection, 7.0F, {2.4F, 3.3F, 3.6F}},
+    {"blob2.lwo", "cubet5.jpg", nullptr, DrawMode::Reflection, 22.0F, {1.4F, 3.2F, 3.1F}},
+    {"blob1.lwo", "phong5.jpg", nullptr, DrawMode::Reflection, 7.0F, {2.4F, 1.7F, 3.6F}},
+    {"hum.lwo", "phong5.jpg", nullptr, DrawMode::Reflection, 1.0F, {2.4F, 1.7F, 3.6F}},
 }};
 
 struct State {
@@ -51,7 +52,7 @@ struct State {
 } state;
 
 void addExhibit(Scene& scene, const Exhibit& exhibit) {
-    Mesh& mesh = *scene.addObject();
+    Mesh& mesh = addEmptyObject(scene);
     loadObject(mesh, exhibit.object, exhibit.firstTexture, exhibit.secondTexture, exhibit.mode, exhibit.scale);
     mesh.spin = exhibit.spin;
     mesh.scale = {1.0F, 1.0F, 1.0F};

@@ -11,6 +11,7 @@
 #include "effects/light_spot.h"
 #include "effects/phase_clock.h"
 #include "effects/picture.h"
+#include "effects/scene_objects.h"
 #include "effects/twin_tunnel_grid.h"
 #include "render/depth_buffer.h"
 #include "render/ray_field.h"
@@ -63,12 +64,12 @@ void init(FrameInfo info) {
     state.spotLayer.resize(pixelCount(info));
     state.still.resize(pixelCount(info));
 
-    Mesh& object = *state.objectScene.addObject();
+    Mesh& object = addEmptyObject(state.objectScene);
     state.bandTexture = getTexture("petrolenv.jpg");
     state.banner = loadPicture("bajsa.jpg", bannerWidth, bannerHeight);
     state.greetings = loadPicture("greets2.pcx", greetingsWidth, greetingsHeight);
     state.tunnel = makeRayField(RayShape::Tunnel, getTexture("cubet4.jpg"));
-    loadObject(object, "blb3.lwo", "cubet5.jpg", nullptr, 17, 2.7F);
+    loadObject(object, "blb3.lwo", "cubet5.jpg", nullptr, DrawMode::Reflection, 2.7F);
     object.spin = {1.8F, 3.3F, -1.3F};
     state.objectScene.cameraPosition[2] = -10.0F;
     allocateDepthBuffer(info.width, info.height);

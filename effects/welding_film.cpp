@@ -63,7 +63,7 @@ void loadSplitScene() {
 
 void loadFilmScene() {
     Mesh& film = addObjectFromFile(state.filmScene, "filmrulle1.lwo");
-    setModes(film, 0x401);
+    setModes(film, DrawMode::Affine);
     state.filmTexture.resize(texturePixels);
     textureFromPicture(state.filmTexture.data(), state.backPicture.data());
     setColourTexture(film, 1, state.filmTexture.data());

@@ -1,3 +1,4 @@
+#include "core/sync_values.h"
 #include "driver/scene_table.h"
 #include "programs/film_output.h"
 #include "programs/png_file.h"
@@ -18,7 +19,6 @@ namespace {
 constexpr std::int32_t columns = 8;
 constexpr std::int32_t gap = 8;
 constexpr std::int32_t labelRows = glyphHeight + 4;
-constexpr std::uint32_t hit = 37;
 constexpr std::int64_t settled = 4; // frames behind a command at which its effect is seen
 constexpr std::uint64_t dark = 16;  // mean level below which a phase has yet to fade in
 constexpr Pixel32 paper = 0x00181818;
@@ -106,10 +106,10 @@ class ContactSheet : public Output {
 
     // Phases begin with commands; the hits come by the dozen and one shows them all.
     void sync(std::int64_t number, const SyncCommand& command) override {
-        if (stretches.empty() || command.value < 32)
+        if (stretches.empty() || command.value < sync::firstFlag)
             return;
         Stretch& stretch = stretches.back();
-        const std::int32_t most = command.value == hit ? 1 : 2;
+        const std::int32_t most = command.value == sync::hit ? 1 : 2;
         if (++stretch.heard[command.value] <= most && stretch.wanted.size() < columns / 2)
             stretch.wanted[number + settled] = command.value;
     }

@@ -1,4 +1,5 @@
 #include "core/sync_state.h"
+#include "core/sync_values.h"
 #include "driver/scene_table.h"
 #include "platform/offline/stage.h"
 #include "programs/film_output.h"
@@ -63,7 +64,7 @@ class TimelineTable : public Output {
     // Times in demo-time units from the stretch's first frame, as the scenes count them.
     void printSyncs(const Stretch& stretch, std::uint32_t value, const std::vector<std::int64_t>& numbers) const {
         constexpr std::size_t perLine = 12;
-        const std::string kind = value < 32 ? "next " : "sync ";
+        const std::string kind = value < sync::firstFlag ? "next " : "sync ";
         for (std::size_t i = 0; i < numbers.size(); ++i) {
             if (i % perLine == 0)
                 std::fprintf(stream, "      %s%-3u at lt", i == 0 ? kind.c_str() : "     ", value);

@@ -15,9 +15,6 @@ namespace {
 constexpr double nearPlane = 0.2;
 constexpr double farLimit = 90.0;
 
-constexpr std::uint32_t modeDrawn = 0x01; // without this bit nothing but outlines is drawn
-constexpr std::uint32_t modeOutline = 0x200;
-
 // Replaces a corner of the cut face by the point where the edge from corner `outside` to corner `inside` of the whole
 // face crosses the near plane. A crossing point has no normal; its second coordinate set stays the replaced corner's.
 void cutEdge(const MeshFace& whole, std::size_t outside, std::size_t inside, MeshFace& cut, std::size_t slot,
@@ -133,27 +130,27 @@ void fill(const MeshFace& face, const ScreenTriangle& s, FrameInfo info, Pixel32
     PerspectiveCorner perspective[3];
     AffineCorner affine[3];
     switch (material.mode) {
-    case 0x09:
+    case DrawMode::Perspective:
         perspectiveCorners(face, s, 0, 1, perspective);
         drawTexturedPerspective(perspective, texture, info, target, depthBias);
         break;
-    case 0x29: // u and v exchanged
+    case DrawMode::PerspectiveAdd: // u and v exchanged
         perspectiveCorners(face, s, 1, 0, perspective);
         drawTexturedPerspectiveAdd(perspective, texture, info, target, depthBias, material.scroll);
         break;
-    case 0x401:
+    case DrawMode::Affine:
         affineCorners(face, s, face.uv1, affine);
         drawTriangleAffine(affine, texture, info, target, depthBias);
         break;
-    case 0x501:
+    case DrawMode::AffineAdd:
         affineCorners(face, s, face.uv1, affine);
         drawTriangleAffineAdd(affine, texture, info, target, depthBias);
         break;
-    case 0x11:
+    case DrawMode::Reflection:
         affineCorners(face, s, face.uv2, affine);
         drawTriangleAffine(affine, texture, info, target, depthBias);
         break;
-    case 0x19:
+    case DrawMode::TwoLayers:
         if (const Pixel32* second = texelsOf(material.reflectionLayer)) {
             affineCorners(face, s, face.uv1, affine);
             drawTriangleTwoLayer(affine, texture, second, info, target, depthBias);

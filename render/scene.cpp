@@ -1,10 +1,12 @@
 #include "render/scene.h"
 
 #include "render/clip.h"
+#include "render/depth_buffer.h"
 #include "render/matrix.h"
 #include "render/transform.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace lumenfold {
 
@@ -75,6 +77,7 @@ Mesh* Scene::addObject() {
 }
 
 void drawScene(Scene& scene, FrameInfo info, Pixel32* target, float depthBias) {
+    assert(depthBuffer != nullptr);
     Matrix identity;
     composeRotation(scene.cameraMatrix, matrixIdentity(identity), scene.cameraAngles[0], scene.cameraAngles[1],
                     scene.cameraAngles[2]);

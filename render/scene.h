@@ -31,8 +31,9 @@ struct Scene {
 };
 
 // Draws the scene into target (info.width x info.height, which may be a band of the frame: the depth buffer is
-// indexed from its own start all the same). Turns every object by its spin first. depthBias is added to every depth;
-// scenes raise it from draw to draw because the buffer is cleared only between parts.
+// indexed from its own start all the same). There must be a depth buffer. Turns every object by its spin first.
+// depthBias is added to every depth; scenes raise it from draw to draw because the buffer is cleared only between
+// parts.
 void drawScene(Scene& scene, FrameInfo info, Pixel32* target, float depthBias);
 
 // The depth bias that the scenes of parts 4, 5, 6 and 8 share; each raises it before its draws.

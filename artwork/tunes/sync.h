@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/sync_values.h"
+
 #include <string>
 #include <vector>
 
@@ -10,17 +12,6 @@ namespace lumenfold::art {
 
 constexpr int barRows = 16; // rows
 constexpr int beatRows = 4;
-
-// Sync values as the demo understands them.
-namespace sync {
-constexpr int advance = 0x01; // the next part; any value below 32
-constexpr int pulse = 32;     // part 2: the ring; part 4: the switch to the ray tunnel
-constexpr int fadeOut = 33;
-constexpr int hall = 36;
-constexpr int hit = 37;
-constexpr int dissolve = 39;
-constexpr int swap = 59; // parts 2, 3, 4, 5: the next object or phase
-} // namespace sync
 
 struct SyncEvent {
     int row; // in the section

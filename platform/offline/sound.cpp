@@ -13,7 +13,7 @@ class StageSound : public SoundOutput {
     void pause() override {}
     void start(ModulePlayer& player) override { stage().play(&player); }
     void stop() override { stage().play(nullptr); }
-    void report(MIDASsyncCallback callback) override { stage().report(callback); }
+    void setSyncCallback(MIDASsyncCallback callback) override { stage().setSyncCallback(callback); }
 };
 
 } // namespace

@@ -49,7 +49,7 @@ void Stage::play(ModulePlayer* newPlayer) {
     tuneStart = soundPosition;
 }
 
-void Stage::report(MIDASsyncCallback newCallback) {
+void Stage::setSyncCallback(MIDASsyncCallback newCallback) {
     callback = newCallback;
     deliverSyncs(); // those of the tune's first sample
 }

@@ -53,7 +53,7 @@ class Stage {
 
     // For the music layer.
     void play(ModulePlayer* newPlayer);
-    void report(MIDASsyncCallback newCallback);
+    void setSyncCallback(MIDASsyncCallback newCallback);
 
   private:
     void renderSound();

@@ -43,7 +43,7 @@ void shutDown() {
     if (state.playing != 0)
         soundOutput().stop();
     state.playing = 0;
-    soundOutput().report(nullptr);
+    soundOutput().setSyncCallback(nullptr);
     state.module.reset();
     if (state.open)
         soundOutput().close();
@@ -108,7 +108,7 @@ MIDASmodulePlayHandle MIDASplayModule(MIDASmodule module, bool) {
 bool MIDASsetMusicSyncCallback(MIDASmodulePlayHandle handle, MIDASsyncCallback callback) {
     if (callback != nullptr && !isPlaying(handle))
         return false;
-    soundOutput().report(callback);
+    soundOutput().setSyncCallback(callback);
     return true;
 }
 
@@ -116,7 +116,7 @@ bool MIDASstopModule(MIDASmodulePlayHandle handle) {
     if (!isPlaying(handle))
         return false;
     soundOutput().stop();
-    soundOutput().report(nullptr);
+    soundOutput().setSyncCallback(nullptr);
     state.playing = 0;
     return true;
 }

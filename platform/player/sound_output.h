@@ -22,8 +22,9 @@ class SoundOutput {
     virtual void start(ModulePlayer& player) = 0;
     virtual void stop() = 0;
 
-    // Who is told of the sync commands; null: nobody. Not called any more once this has returned.
-    virtual void report(MIDASsyncCallback callback) = 0;
+    // Called with each sync command from now on; null: nothing is. The one before is not called any more once this
+    // has returned.
+    virtual void setSyncCallback(MIDASsyncCallback callback) = 0;
 };
 
 SoundOutput& soundOutput();

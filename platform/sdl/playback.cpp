@@ -19,7 +19,7 @@ void Playback::stop() {
     player = nullptr;
 }
 
-void Playback::report(MIDASsyncCallback newCallback) {
+void Playback::setSyncCallback(MIDASsyncCallback newCallback) {
     const std::lock_guard lock(guard);
     callback = newCallback;
 }

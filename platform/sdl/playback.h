@@ -17,7 +17,7 @@ class Playback {
     void run(bool on);
     void start(ModulePlayer& tune);
     void stop();
-    void report(MIDASsyncCallback newCallback);
+    void setSyncCallback(MIDASsyncCallback newCallback);
 
     // The next frames. What is heard by now has its sync commands told. latency: frames from asking to hearing.
     void fill(float* samples, std::size_t frames, std::int64_t latency);

@@ -27,7 +27,7 @@ class DeviceSound : public SoundOutput {
     void pause() override { playback.run(false); }
     void start(ModulePlayer& tune) override { playback.start(tune); }
     void stop() override { playback.stop(); }
-    void report(MIDASsyncCallback callback) override { playback.report(callback); }
+    void setSyncCallback(MIDASsyncCallback callback) override { playback.setSyncCallback(callback); }
 
   private:
     void keepPlaying();

@@ -98,15 +98,16 @@ void paintFirstFrame(FrameInfo info, Pixel32* frame, float time) {
     state.previousTime = time;
 }
 
-// Circles the set, bobbing, and turns with the circle: the angles are degrees, those of the circle itself radians.
+// Circles the set, bobbing, and turns with the circle. Places are in world units; the angle around the circle is in
+// radians, those of the camera in degrees.
 void moveCamera(float time) {
-    const double around = 0.04 * time + 3.14159;
+    const double around = 0.04 * time + 3.14159; // radians
     const double radius = trig::cos(0.16 * time + 0.4) * 0.2 + 1.3;
     Scene& scene = state.scene;
     scene.cameraPosition = {static_cast<float>(trig::sin(around) * radius),
                             static_cast<float>(trig::sin(0.08 * time) * 0.2 + 0.33),
                             static_cast<float>(trig::cos(around) * radius)};
-    scene.cameraAngles[1] = static_cast<float>(3.14159 - 2.2933607 * time);
+    scene.cameraAngles[1] = static_cast<float>(3.14159 - 2.2933607 * time); // nearly 0.04 radians
     scene.cameraAngles[2] = static_cast<float>(trig::cos(around) * 25.0);
 }
 

@@ -19,8 +19,8 @@ namespace lumenfold {
 
 namespace {
 
-// The cube turns half a revolution about y, then a whole one about x, told in angles since the phase began; the
-// renderer wants the step of each frame.
+// The cube turns half a revolution about y, then a whole one about x. The formulas give the angle since the phase
+// began; the renderer wants the step of each frame.
 struct CubeTurn {
     float b = 0.0F; // degrees already turned
     float a = 0.0F;
@@ -94,11 +94,11 @@ void drawTunnel(Pixel32* pixels) {
 }
 
 void moveCube(Mesh& mesh, float lt) {
-    auto& [a, b, c] = mesh.spin;
-    mesh.position[2] = static_cast<float>(trig::sin(lt * 0.044) * 5.0);
+    auto& [a, b, c] = mesh.spin;                                        // degrees for this frame
+    mesh.position[2] = static_cast<float>(trig::sin(lt * 0.044) * 5.0); // world units
     if (lt <= 30) {
         a = 0.0F;
-        b = static_cast<float>(lt * 6.0 - state.turned.b);
+        b = static_cast<float>(lt * 6.0 - state.turned.b); // 6 degrees a unit of demo time
         state.turned.b += b;
     } else if (lt <= 60) {
         b = 0.0F;

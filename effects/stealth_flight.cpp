@@ -5,25 +5,19 @@
 #include "core/sync_state.h"
 #include "core/trig.h"
 #include "effects/commands.h"
+#include "effects/flight_opening.h"
 #include "effects/frame_size.h"
 #include "effects/phase_clock.h"
 #include "effects/picture_texture.h"
 #include "effects/scene_objects.h"
-#include "effects/welding_film.h"
 #include "render/depth_buffer.h"
 #include "render/scene.h"
-
-#include <vector>
 
 namespace lumenfold {
 
 namespace {
 
 struct State {
-    // loaded once
-    std::vector<Pixel32> heldPicture; // 512 x 384, the first picture of the flight
-    std::vector<Pixel32> filmTexture; // the same, for a frame of the previous part's film
-
     // runs on from frame to frame
     Scene scene; // landscape, water, aircraft
     PhaseClock clock;
@@ -51,11 +45,9 @@ void loadScene() {
 }
 
 void drawFirstPicture(FrameInfo info) {
-    state.heldPicture.resize(pixelCount(info));
-    drawFlight(info, state.heldPicture.data());
-    state.filmTexture.resize(texturePixels);
-    setFilmTexture(state.filmTexture.data());
-    textureFromPicture(state.filmTexture.data(), state.heldPicture.data());
+    flightOpening.picture.assign(pixelCount(info), 0);
+    drawFlight(info, flightOpening.picture.data());
+    textureFromPicture(flightOpening.texture.data(), flightOpening.picture.data());
 }
 
 void init(FrameInfo info) {
@@ -65,14 +57,14 @@ void init(FrameInfo info) {
     drawFirstPicture(info);
 }
 
-// Forward with a sway; sideways until the far wall is reached; turning all the time.
+// Forward with a sway; sideways until the far wall is reached; turning all the time. World units; degrees for the turn.
 void moveCamera(float time) {
     Vector3& position = state.scene.cameraPosition;
     const double sway = trig::sin(time * 0.01);
     position[2] = static_cast<float>(sway * 8.0 - 10.0 + time * 0.04);
     if (position[0] < 13.7)
         position[0] = static_cast<float>(sway * sway * 7.5 + 6.5);
-    state.scene.cameraAngles[1] = static_cast<float>(time * -0.8);
+    state.scene.cameraAngles[1] = static_cast<float>(time * -0.8); // degrees a unit of the scene's time
 }
 
 // The factor keeps its low byte only: it reaches 0 at 460 and starts again at 255 after that.
@@ -90,7 +82,7 @@ void shakeSideways(Pixel32* frame) {
 }
 
 void render(FrameInfo info, Pixel32* frame, float demoTime) {
-    const float time = static_cast<float>(state.clock.advance(demoTime) * 1.5);
+    const float time = static_cast<float>(state.clock.advance(demoTime) * 1.5); // the scene's: 23.52 units a second
     if (syncState.syncFlag37.take())
         state.shake = 8;
     fillPixels(frame, 0, pixelCount(info));
@@ -105,10 +97,6 @@ void render(FrameInfo info, Pixel32* frame, float demoTime) {
 
 void stealthFlight(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
     follow(command, info, pixels, time, init, render);
-}
-
-const Pixel32* heldPicture() {
-    return state.heldPicture.data();
 }
 
 } // namespace lumenfold

@@ -18,7 +18,7 @@ namespace lumenfold {
 
 namespace {
 
-constexpr float farthest = -40.0F; // where the camera comes to rest
+constexpr float farthest = -40.0F; // z in world units where the camera comes to rest
 constexpr float thrown = -30.0F;   // where a beat puts it
 
 struct Exhibit {
@@ -90,7 +90,7 @@ void followMusic(float time) {
 
 void recede(Scene& scene) {
     if (scene.cameraPosition[2] > farthest)
-        scene.cameraPosition[2] -= 1.0F;
+        scene.cameraPosition[2] -= 1.0F; // world units a frame
 }
 
 void fadeOut(Pixel32* pixels, float time) {

@@ -82,12 +82,13 @@ void drawOnce(Scene& scene, Pixel32* box) {
     draw(scene, box);
 }
 
-// Straight on with a roll, then round the bend to the right.
+// Straight on with a roll, then round the bend to the right. Places are in world units; the angles of the camera, b and
+// c here, in degrees; the sway's own phase in radians.
 void moveTunnelCamera(float lt) {
     auto& [x, y, z] = state.tunnel->cameraPosition;
     auto& [a, b, c] = state.tunnel->cameraAngles;
     if (lt <= 290) {
-        z = static_cast<float>(lt * 0.08 - 14.0);
+        z = static_cast<float>(lt * 0.08 - 14.0); // world units a unit of demo time
     } else {
         const float s = lt - 290;
         b = std::max(static_cast<float>(-0.065 * s * s), -90.0F);
@@ -135,7 +136,7 @@ void renderTunnel(Pixel32* pixels, float time) {
         fade(box, lowByte((650 - lt) * 4.0), boxPixels);
 }
 
-// Forward and down to the floor, rising, for the next frame.
+// Forward and down to the floor, rising, for the next frame: world units, and degrees for the tilt.
 void movePrisonCamera(float lt) {
     auto& [x, y, z] = state.prison->cameraPosition;
     z = std::min(static_cast<float>(lt * 0.1 - 4.0), 32.0F);

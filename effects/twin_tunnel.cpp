@@ -158,7 +158,7 @@ void renderSecondPhase(FrameInfo info, Pixel32* frame, float time) {
 void moveOn() {
     state.tunnel.scrollV += 4;
     state.tunnelTurn = static_cast<float>(state.tunnelTurn + 0.02);
-    state.tunnel.angles = {-0.3F, -0.6F, static_cast<float>(trig::sin(state.tunnelTurn) * 1.7)};
+    state.tunnel.angles = {-0.3F, -0.6F, static_cast<float>(trig::sin(state.tunnelTurn) * 1.7)}; // degrees a frame
     state.bannerScroll += 3;
 }
 

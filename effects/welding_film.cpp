@@ -6,6 +6,7 @@
 #include "core/sync_state.h"
 #include "core/trig.h"
 #include "effects/commands.h"
+#include "effects/flight_opening.h"
 #include "effects/frame_size.h"
 #include "effects/phase_clock.h"
 #include "effects/picture.h"
@@ -13,7 +14,6 @@
 #include "effects/scene_objects.h"
 #include "effects/sparks.h"
 #include "effects/sprite_ring_cube.h"
-#include "effects/stealth_flight.h"
 #include "effects/twin_tunnel.h"
 #include "render/ray_field.h"
 #include "render/scene.h"
@@ -66,6 +66,7 @@ void loadFilmScene() {
     setModes(film, DrawMode::Affine);
     state.filmTexture.resize(texturePixels);
     textureFromPicture(state.filmTexture.data(), state.backPicture.data());
+    setColourTexture(film, 0, flightOpening.texture.data());
     setColourTexture(film, 1, state.filmTexture.data());
     state.filmScene.cameraPosition[0] = -0.9F;
     state.filmScene.cameraPosition[2] = -0.41F;
@@ -80,7 +81,8 @@ void init(FrameInfo info) {
     loadFilmScene();
 }
 
-// Draws and turns the halves; they move apart and away for the next frame while the camera bobs.
+// Draws and turns the halves; they move apart and away for the next frame, in world units a frame, while the camera
+// bobs.
 void renderSplit(FrameInfo info, Pixel32* frame, float time) {
     copyPixels(frame, state.backPicture.data(), pixelCount(info));
     sharedDepthBias += 3.0F;
@@ -131,6 +133,8 @@ void renderWelding(FrameInfo info, Pixel32* frame, float time) {
     drawSparks(info, frame);
 }
 
+// Along the strip, away from it and back, with a roll. World units; the sine's argument in radians, the roll in
+// degrees.
 void moveFilmCamera(float time) {
     Scene& scene = state.filmScene;
     scene.cameraPosition[0] = static_cast<float>(time * 0.01 - 0.9);
@@ -146,14 +150,14 @@ void renderFilm(FrameInfo info, Pixel32* frame, float time) {
     if (scene.cameraPosition[0] >= 0.0F) {
         scene.cameraPosition[2] = -0.41F;
         scene.cameraPosition[0] = 0.0F;
-        copyPixels(frame, heldPicture(), pixelCount(info));
+        copyPixels(frame, flightOpening.picture.data(), pixelCount(info));
         return;
     }
     drawRayField(state.floor, frame, info);
     fillBlock(frame + 479, frameWidth, 32, info.height, 0);
     state.floor.scrollV -= 4;
     state.floor.scrollU += 4;
-    state.floor.angles[1] = -0.6F;
+    state.floor.angles[1] = -0.6F; // degrees, as the roll below
     state.floor.angles[2] = static_cast<float>(trig::cos(phaseTime * 0.035) * floorRoll);
     sharedDepthBias += 3.0F;
     drawScene(scene, info, frame, sharedDepthBias);
@@ -175,11 +179,6 @@ void release() {
 
 void weldingFilm(FrameInfo info, EffectCommand command, Pixel32* pixels, float time) {
     follow(command, info, pixels, time, init, render, release);
-}
-
-void setFilmTexture(Pixel32* texels) {
-    if (state.filmScene.objectCount > 0)
-        setColourTexture(*state.filmScene.objects[0], 0, texels);
 }
 
 } // namespace lumenfold

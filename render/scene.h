@@ -22,9 +22,9 @@ struct Scene {
     std::vector<Sprite> spriteWork = std::vector<Sprite>(maxSprites); // camera-space copies, rewritten by every draw
     std::int32_t objectCount = 0;
     std::int32_t spriteCount = 0;
-    Vector3 cameraPosition{0.0F, 0.0F, -10.0F};
-    Vector3 cameraAngles{}; // degrees a, b, c
-    Matrix cameraMatrix{};  // written by every draw
+    Vector3 cameraPosition{0.0F, 0.0F, -10.0F}; // world units, those of the object files
+    Vector3 cameraAngles{};                     // degrees about x, y, z
+    Matrix cameraMatrix{};                      // written by every draw
 
     // Adds an empty object; null when there are 100 already. The scene owns it.
     Mesh* addObject();

@@ -1,5 +1,6 @@
 #include "effects/welding_film.h"
 
+#include "effects/flight_opening.h"
 #include "effects/sprite_ring_cube.h"
 #include "effects/stealth_flight.h"
 #include "effects/twin_tunnel.h"
@@ -34,7 +35,7 @@ TEST_F(WeldingFilm, SplitEndsTheWeldingAtItsTime) {
 
 TEST_F(WeldingFilm, FilmRollsUntilItsCameraArrivesThenHoldsTheNextPicture) {
     loadAll();
-    const test::Frame held(heldPicture(), heldPicture() + pixelCount(frameInfo));
+    const test::Frame held = flightOpening.picture;
     test::Frame frame = blank();
     draw(weldingFilm, frame, start - 30.0F);
     syncState.syncFlag59 = 1;

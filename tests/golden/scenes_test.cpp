@@ -152,7 +152,7 @@ void filmScript(const Script& script, GoldenFile& golden) {
 
 TEST(Golden, ScenesAlone) {
     GoldenFile golden("scenes.golden");
-    for (const SceneRow& row : sceneTable) {
+    for (const SceneRow& row : sceneTable()) {
         if (row.part == noPart) // dormant: no picture
             continue;
         const auto* const script = std::find_if(std::begin(scripts), std::end(scripts), [&](const Script& candidate) {

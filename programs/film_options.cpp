@@ -1,5 +1,7 @@
 #include "programs/film_options.h"
 
+#include "core/sync_values.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -63,8 +65,8 @@ const std::array<Option, 17> table{{
      [](Options& o, const std::string& a) { o.from = toNumber(a, 0.0, manySeconds); }},
     {"--to", "S", "end at this second (1800)",
      [](Options& o, const std::string& a) { o.to = toNumber(a, 0.0, manySeconds); }},
-    {"--part", "N", "only this part of the show: 1 to 10, 11 is the end scroller",
-     [](Options& o, const std::string& a) { o.part = toWhole(a, 1, 11); }},
+    {"--part", "N", "only this part of the show; the last one is the end scroller",
+     [](Options& o, const std::string& a) { o.part = toWhole(a, 1, scrollerPart); }},
     {"--scale", "N", "enlarge the picture by a whole factor, 1 to 8 (1); with --object the object's scale",
      [](Options& o, const std::string& a) { o.scale = toNumber(a, 0.0, 1e6); }},
     {"--hash", nullptr,

@@ -3,6 +3,7 @@
 #include "core/pixel.h"
 
 #include <cstdint>
+#include <map>
 #include <set>
 #include <string>
 #include <vector>
@@ -13,13 +14,13 @@
 namespace lumenfold::test {
 
 constexpr int keyPress = -1;
-constexpr int scrollerScene = 13; // the last of the table
-constexpr int waitingLoop = 0;    // as the scene of an event: the driver waits for the music
+constexpr int waitingLoop = 0; // as the part of an event: the driver waits for the music
 
-// During the frame-th frame (from 0) that a scene renders, or its Init at frame loading, a sync command or a key.
+// During the frame-th frame (from 0) that a part's scene renders, or its Init at frame loading, a sync command or a
+// key.
 constexpr int loading = -1;
 struct Event {
-    int scene; // 1 to 13, or waitingLoop
+    int part; // 1 to scrollerPart, or waitingLoop
     int frame;
     int value;
 };
@@ -27,16 +28,16 @@ struct Event {
 struct FakeWorld {
     std::vector<Event> script;
     std::set<std::string> failing; // calls that fail, as "MIDASinit" or, on the second tune, "MIDASinit 2"
-    int missingPicture = 0;        // the scene whose Init throws
+    int missingPicture = 0;        // the part whose scene's Init throws
 
     std::string trace;  // everything that happened, in words
-    std::string frames; // scenes that rendered, "!" after one that found the depth buffer dirty
+    std::string frames; // parts whose scenes rendered, "!" after one that found the depth buffer dirty
     std::vector<float> times;
     std::vector<std::vector<Pixel32>> pictures; // shown during loading
     bool key = false;
-    std::int64_t counter = 0; // 1000 a second, a frame takes 20
-    int renders[14] = {};     // frames of each scene, turns of the waiting loop
-    int tune = 0;             // how many have been started
+    std::int64_t counter = 0;   // 1000 a second, a frame takes 20
+    std::map<int, int> renders; // frames of each part, turns of the waiting loop
+    int tune = 0;               // how many have been started
 };
 
 extern FakeWorld world;

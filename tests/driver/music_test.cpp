@@ -45,28 +45,28 @@ TEST_P(MusicCall, Fails) {
 
 INSTANTIATE_TEST_SUITE_P(
     , MusicCall,
-    testing::Values(Failure{"MIDASstartup", 0, "",
-                            "MIDASstopBackgroundPlay MIDASclose console-"}, // results that nobody reads
-                    Failure{"MIDASsetOption(3,150)", 0, "", "MIDASclose console-"},
-                    Failure{"MIDASinit 1", 1, errorExit, "MIDASsetOption(4,4) MIDASinit MIDASclose console-"},
-                    Failure{"MIDASinit 2", 1, errorExit, "MIDASsetOption(4,4) MIDASinit MIDASclose console-"},
-                    Failure{"MIDASstartBackgroundPlay 1", 1, errorExit, "MIDASstartBackgroundPlay MIDASclose console-"},
-                    Failure{"MIDASopenChannels 1", 1, errorExit, "MIDASopenChannels MIDASclose console-"},
-                    Failure{"MIDASloadModule 1", 1, errorExit, "bzzzz.xm MIDASloadModule MIDASclose console-"},
-                    Failure{"MIDASloadModule 2", 1, errorExit, "endtune.xm MIDASloadModule MIDASclose console-"},
-                    Failure{"MIDASplayModule 1", 1, errorExit, "MIDASplayModule MIDASclose console-"},
-                    Failure{"MIDASplayModule 2", 1, errorExit, "MIDASplayModule MIDASclose console-"},
-                    Failure{"MIDASsetMusicSyncCallback 1", 0, "No torvquil!\n",
-                            "MIDASsetMusicSyncCallback close report:Midas my ass!, somethings smelly.. console-"},
-                    Failure{"MIDASsetMusicSyncCallback 2", 0, "No torvquil!\n",
-                            "MIDASsetMusicSyncCallback close report:Midas my ass!, somethings smelly.. console-"},
-                    Failure{"MIDASstopModule 1", 1, errorExit, "MIDASstopModule MIDASclose console-"},
-                    Failure{"MIDASstopModule 2", 1, errorExit, "release10 MIDASstopModule MIDASclose console-"},
-                    Failure{"MIDASfreeModule 1", 0, "",
-                            "MIDASstopModule MIDASfreeModule MIDASstopBackgroundPlay MIDASclose console-"},
-                    Failure{"MIDASstopBackgroundPlay 1", 1, errorExit, "MIDASstopBackgroundPlay MIDASclose console-"},
-                    Failure{"MIDASclose 1", 1, errorExit + "\nBIG PANIC! MIDASclose Failed: the cause\n",
-                            "MIDASstopBackgroundPlay MIDASclose MIDASclose console-"}),
+    testing::Values(
+        Failure{"MIDASstartup", 0, "", "MIDASstopBackgroundPlay MIDASclose console-"}, // results that nobody reads
+        Failure{"MIDASsetOption(3,150)", 0, "", "MIDASclose console-"},
+        Failure{"MIDASinit 1", 1, errorExit, "MIDASsetOption(4,4) MIDASinit MIDASclose console-"},
+        Failure{"MIDASinit 2", 1, errorExit, "MIDASsetOption(4,4) MIDASinit MIDASclose console-"},
+        Failure{"MIDASstartBackgroundPlay 1", 1, errorExit, "MIDASstartBackgroundPlay MIDASclose console-"},
+        Failure{"MIDASopenChannels 1", 1, errorExit, "MIDASopenChannels MIDASclose console-"},
+        Failure{"MIDASloadModule 1", 1, errorExit, "bzzzz.xm MIDASloadModule MIDASclose console-"},
+        Failure{"MIDASloadModule 2", 1, errorExit, "endtune.xm MIDASloadModule MIDASclose console-"},
+        Failure{"MIDASplayModule 1", 1, errorExit, "MIDASplayModule MIDASclose console-"},
+        Failure{"MIDASplayModule 2", 1, errorExit, "MIDASplayModule MIDASclose console-"},
+        Failure{"MIDASsetMusicSyncCallback 1", 0, "No torvquil!\n",
+                "MIDASsetMusicSyncCallback close report:Midas my ass!, somethings smelly.. console-"},
+        Failure{"MIDASsetMusicSyncCallback 2", 0, "No torvquil!\n",
+                "MIDASsetMusicSyncCallback close report:Midas my ass!, somethings smelly.. console-"},
+        Failure{"MIDASstopModule 1", 1, errorExit, "MIDASstopModule MIDASclose console-"},
+        Failure{"MIDASstopModule 2", 1, errorExit, "release-dormantSparkPlane MIDASstopModule MIDASclose console-"},
+        Failure{"MIDASfreeModule 1", 0, "",
+                "MIDASstopModule MIDASfreeModule MIDASstopBackgroundPlay MIDASclose console-"},
+        Failure{"MIDASstopBackgroundPlay 1", 1, errorExit, "MIDASstopBackgroundPlay MIDASclose console-"},
+        Failure{"MIDASclose 1", 1, errorExit + "\nBIG PANIC! MIDASclose Failed: the cause\n",
+                "MIDASstopBackgroundPlay MIDASclose MIDASclose console-"}),
     nameOf);
 
 TEST(MusicCallsTogether, AModuleThatIsNotFreedReportsNothingAnyMore) {
@@ -86,7 +86,7 @@ TEST(Pictures, AMissingOneIsReportedAndTheStatusIsNone) {
     world = {};
     world.missingPicture = 10;
     EXPECT_EQ(runProgramAgain(), 0);
-    const std::string end = "init9 show init10 report:picture10.jpg console-";
+    const std::string end = "init-dormantFlarePicture init-10 report:picture-10.jpg console-";
     EXPECT_EQ(world.trace.substr(world.trace.size() - end.size()), end);
 }
 

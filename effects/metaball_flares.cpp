@@ -7,17 +7,16 @@
 #include "effects/frame_size.h"
 #include "effects/metaballs.h"
 #include "effects/picture.h"
+#include "effects/whirl.h"
 #include "render/depth_buffer.h"
 #include "render/ray_field.h"
 
-#include <cmath>
 #include <vector>
 
 namespace lumenfold {
 
 namespace {
 
-constexpr int flareSide = 16;
 constexpr Pixel32 transparent = 0x00FFFFFF;
 
 struct State {
@@ -41,7 +40,7 @@ void init(FrameInfo info) {
     state.crossings.reserve(maxCrossings);
     state.previousFrame.resize(pixelCount(info));
     state.overlay = loadPicture("designfusk.pcx", info.width, info.height);
-    state.flare = loadPicture("bfs0.pcx", flareSide, flareSide);
+    state.flare = loadPicture("bfs0.pcx", whirlFlareSide, whirlFlareSide);
     allocateDepthBuffer(info.width, info.height);
 }
 
@@ -63,30 +62,11 @@ void moveMetaballs(float t) {
                              truncate(450 - 60 * cos(0.5 * t)), 120, 0.004F});
 }
 
-// Where the cloud stands in the frame: it turns about the middle while it circles it.
-struct Whirl {
-    float angle;
-    double x, y;
-};
-
-// Projects the point and turns it with the whirl; flares in column 0 or row 0 are left out.
-void stampFlare(FrameInfo info, Pixel32* frame, const Whirl& whirl, const Vector3& point) {
-    const float depth = 150 + point[2];
-    const std::int32_t x = truncate((point[0] - 400) * 256 / depth);
-    const std::int32_t y = truncate((point[1] - 400) * 256 / depth);
-    const float radius = static_cast<float>(std::sqrt(static_cast<double>(x * x + y * y)));
-    const double angle = trig::atan2(y, x) + whirl.angle;
-    const std::int32_t px = truncate(radius * trig::cos(angle) + whirl.x + info.width / 2);
-    const std::int32_t py = truncate(radius * trig::sin(angle) + whirl.y + info.height / 2);
-    if (px > 0 && px < info.width && py > 0 && py < info.height)
-        stampAdd(frame, info.width, info.height, state.flare.data(), flareSide, flareSide, px, py);
-}
-
 void stampFlares(FrameInfo info, Pixel32* frame) {
     state.spin = static_cast<float>(state.spin + 0.05);
-    const Whirl whirl{state.spin, 20 * trig::sin(state.spin), 20 * trig::cos(state.spin)};
+    const Whirl whirl(state.spin);
     for (const Vector3& point : state.crossings)
-        stampFlare(info, frame, whirl, point);
+        stampFlare(info, frame, state.flare.data(), whirl, point);
 }
 
 void render(FrameInfo info, Pixel32* frame, float time) {

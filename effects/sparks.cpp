@@ -33,6 +33,15 @@ void updateSparks(Spark* sparks, std::int32_t resetHeight, FrameInfo settings, s
     }
 }
 
+void drawSparks(Pixel32* frame, FrameInfo settings, const SparkShower& shower, const Pixel32* sprite) {
+    constexpr int border = 18;
+    const auto right = static_cast<float>(settings.width - border);
+    const auto bottom = static_cast<float>(settings.height - border);
+    for (const Spark* spark = shower.sparks.data(); spark != shower.sparks.data() + shower.count; ++spark)
+        if (border < spark->x && spark->x < right && spark->y < bottom)
+            stampGlow(frame, settings, sprite, sparkSide, truncate(spark->x), truncate(spark->y));
+}
+
 void stampGlow(Pixel32* picture, FrameInfo settings, const Pixel32* sprite, int side, std::int32_t x, std::int32_t y) {
     constexpr int freeRows = 2;
     stampAdd(picture + freeRows * settings.width, settings.width, settings.height - freeRows, sprite, side, side,

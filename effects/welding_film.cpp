@@ -25,7 +25,6 @@ namespace lumenfold {
 
 namespace {
 
-constexpr int sparkSide = 16;
 constexpr int torchSide = 32;
 constexpr double splitTime = 27.0;    // of the welding's time
 constexpr double floorRoll = 3.14159; // pi, but taken as degrees: the most that a frame rolls the floor by
@@ -103,16 +102,6 @@ void burnSeam(FrameInfo info, Pixel32* still, std::int32_t torchHeight) {
     stampGlow(still, info, flareSprite(), torchSide, column, torchHeight);
 }
 
-// The newest spark is drawn too, though it has not moved yet.
-void drawSparks(FrameInfo info, Pixel32* frame) {
-    for (std::int32_t i = 0; i < state.shower.count; ++i) {
-        const Spark& spark = state.shower.sparks[static_cast<std::size_t>(i)];
-        if (18 < spark.x && spark.x < static_cast<float>(info.width - 18) &&
-            spark.y < static_cast<float>(info.height - 18))
-            stampGlow(frame, info, state.sparkSprite.data(), sparkSide, truncate(spark.x), truncate(spark.y));
-    }
-}
-
 void renderWelding(FrameInfo info, Pixel32* frame, float time) {
     Pixel32* const still = frozenStill();
     if (state.welding.frames == 0)
@@ -130,7 +119,7 @@ void renderWelding(FrameInfo info, Pixel32* frame, float time) {
     if (shower.count < SparkShower::maxCount)
         ++shower.count;
     copyPixels(frame, still, pixelCount(info));
-    drawSparks(info, frame);
+    drawSparks(frame, info, shower, state.sparkSprite.data());
 }
 
 // Along the strip, away from it and back, with a roll. World units; the sine's argument in radians, the roll in

@@ -71,6 +71,7 @@ TEST(Clip, WhichFacesAreDrawn) {
         {"one corner far", {-1, 1, 1}, {1, 1, 1}, {100, -100, 100}, true},
         {"all corners far", {-100, 100, 90.5F}, {100, 100, 91}, {100, -100, 95}, false},
         {"all at the far limit", {-100, 100, 90}, {100, 100, 90}, {100, -100, 90}, true},
+        {"all just beyond it", {-100, 100, 90.00001F}, {100, 100, 90.00001F}, {100, -100, 90.00001F}, false},
         {"all behind", {-1, 1, 0.1F}, {1, 1, -4}, {1, -1, 0}, false},
         {"all on the near plane", {-.1F, .1F, nearest}, {.1F, .1F, nearest}, {.1F, -.1F, nearest}, true},
         {"flat in y", {-1, 0, 1}, {1, 0, 1}, {0, 0, 3}, false},

@@ -1,145 +1,136 @@
+#include "artwork/tunes/hook.h"
 #include "artwork/tunes/parts.h"
 #include "artwork/tunes/stage.h"
 
-// D minor. A drone in which the motif is heard in single bells, a pulse under the logo, the hall with its choir, and
-// the first full groove.
+// D minor. A drone in which the call is heard in single bells, the hook as a question, then under the logo; the hall
+// sings it at half speed; the pool has it whole for the first time.
 
 namespace lumenfold::art {
 namespace {
 
 void breath(Score& score) {
-    Stage stage(score, "1 breath");
-    stage.note(0, channel::texture, Sound::drone, "D2", 28);
-    stage.note(0, channel::impact, Sound::impact, "C4", 22);
+    Stage stage(score, "1 breath", 100);
+    stage.note(0, channel::texture, Sound::drone, "D2", 30);
+    stage.note(0, channel::impact, Sound::impact, "C4", 30);
     stage.note(0, channel::glass, Sound::bell, "D4", 26);
     stage.note(0, channel::rise, Sound::reverse, "C5", 16);
 }
 
-// The drone; two bars later the first chord, then the motif bell by bell and a heart that begins to beat.
+// The call bell by bell over the falling bass; a heart; the hook's question far away; then only a riser.
 void tunnel(Score& score) {
-    Stage stage(score, "1 tunnel");
+    Stage stage(score, "1 tunnel", 100);
+    const Stage::Harmony fold{hook::fold, barRows};
     stage.note(0, channel::impact, Sound::impact, "A3", 26);
-    stage.note(0, channel::sub, Sound::sub, "D2", 22);
-    stage.pads({"Dm9 Bbmaj9 Gm9 A7sus4", 2 * barRows}, 2, 16, Sound::padLeft, Sound::air);
-    stage.line("D4:24 A4:24 A#4:16 A4:32 E4:32", Sound::bell, barRows, 24);
-    stage.line("D5:12 A5:12 A#5:8 A5:16 E5:16 C#5:16", Sound::bell, 6 * barRows, 24);
-    stage.steps(channel::kick, Sound::kick, "5.....4.........", 4, 2);
-    stage.steps(channel::kick, Sound::kick, "6.....5...6.....", 6, 4);
-    stage.steps(channel::perc, Sound::rim, "..........3.........2........3..", 3, 7);
-    stage.note(5 * barRows + 8, channel::bass, Sound::growl, "D2", 14);
-    stage.note(8 * barRows + 12, channel::bass, Sound::growl, "A1", 18);
-    stage.tomFill(9);
-    stage.swellInto(stage.rows(), Sound::reverse, 16, 50);
+    stage.pads({"Dm9 Am7 Bbmaj9 A7sus4", 2 * barRows}, 1, 20, Sound::padLeft, Sound::air);
+    stage.bassLine(fold, channel::sub, Sound::sub, "9...............", 0, 9, 34);
+    stage.line(stretched(hook::call, 2), Sound::bell, 2 * barRows, 30);
+    stage.line(hook::call, Sound::bell, 4 * barRows + 8, 26);
+    stage.steps(channel::kick, Sound::kick, "5..4............", 2, 4);
+    stage.steps(channel::kick, Sound::kick, "6..4....5.......", 6, 3);
+    stage.steps(channel::perc, Sound::rim, "..........3.........2........3..", 3, 6);
+    stage.riff(hook::question, 6 * barRows, 26);
+    stage.riff(hook::question, 8 * barRows, 32);
+    stage.bassLine(fold, channel::bass, Sound::growl, "7...............", 6, 3, 22);
+    stage.breakOff(9 * barRows + 10);
+    stage.swellInto(stage.rows(), Sound::riser, 32, 46);
 }
 
-// The dissolve: half time, then four to the floor, and a bar of held breath before the hall.
+// The dissolve lands on everything. Half time; a break with the riff; the hook's first half by the lead; a roll and a
+// beat of silence.
 void logo(Score& score) {
     Stage stage(score, "1 logo");
-    const Stage::Harmony harmony{"Dm9 Bbmaj9 F C/E Gm9 Bbmaj7 A7sus4", 2 * barRows};
-    stage.strike(0, 56, 44);
-    stage.note(0, channel::texture, Sound::drone, "D2", 26);
-    stage.pads(harmony, 0, 36);
+    const Stage::Harmony fold{hook::fold, barRows};
+    stage.pads(fold, 0, 34);
+    stage.pads(fold, 8, 34);
     stage.pump(0, 12, 38);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "9.........=.7...", 0, 4, 46);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "..7...7...7...73", 2, 2, 30);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "..7.3.7.3.7.3.73", 4, 8, 38);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 4, 8, 42);
-    stage.drums({"9.........5.....", "............4...", "2.3.2.3.2.3.2.4.", ""}, 0, 4);
-    stage.drums({"9...9...9...9...", "....6.......6...", "3152315231523152", "..5...5...5...5."}, 4, 8);
-    stage.snareFill(7);
+    stage.bassLine(fold, channel::sub, Sound::sub, "9.........=.7...", 0, 4, 50);
+    stage.bassLine(fold, channel::bass, Sound::bass, "9.......7.....73", 0, 4, 40);
+    stage.drums({"9.........6.....", "........8.......", "4.2.3.2.4.2.3.4.", ""}, 0, 4);
+    stage.drums({"", "....8..3.3..8...", "6253625362536253", ""}, 4, 3);
+    stage.drums({"9...9...9.9.9999", "....8..3.3..8.55", "6253625362536253", ""}, 7, 1);
+    stage.riff(repeatedWords(hook::riff, 2), 4 * barRows, 40);
+    stage.drums({"9.....8...8.....", "....9..3....9..2", "6243624362436243", "..5...5...5...5."}, 8, 4);
+    stage.bassLine(fold, channel::bass, Sound::bass, "9..6=.39.=.64.7.", 8, 4, 48);
+    stage.bassLine(fold, channel::sub, Sound::sub, "9....=7....=....", 8, 4, 48);
+    stage.line(hook::question + hook::sequence, Sound::lead, 8 * barRows, 44);
+    stage.snareFill(3);
     stage.tomFill(11);
-    stage.arpeggio(harmony, Sound::glass, "a...b...c...b.d.", 0, 4, 22);
-    stage.arpeggio(harmony, Sound::glass, "a.c.b.d.e.c.b.d.", 4, 4, 28);
-    stage.arpeggio(harmony, Sound::glass, "acbdecbdacbdfebd", 8, 4, 32);
-    stage.arpeggio(harmony, Sound::glass, "abcdefghgfedcbab", 12, 1, 30);
-    stage.line("D5:6 A5:6 A#5:4 A5:8 E5:8", Sound::solo, 8 * barRows, 26);
-    stage.voice("D5:16 F5:16 E5:16", Sound::choir, channel::stab, 10 * barRows, 24);
-    stage.swellInto(stage.rows(), Sound::riser, 32, 48);
-    stage.roll(12 * barRows, barRows, 2, 12, 46);
+    stage.roll(12 * barRows, 12, 1, 12, 56);
+    stage.steps(channel::kick, Sound::kick, "9...9...9.9.....", 12, 1);
+    stage.breakOff(12 * barRows + 12);
+    stage.swellInto(stage.rows(), Sound::riser, 32, 52);
+    stage.accents(sync::dissolve, Stage::Accent::heavy, noteNumber("D5"));
+    stage.note(0, channel::sub, Sound::sub, "D2", 56);
 }
 
-// Monumental: half time under a choir, the motif carried by one voice, answered an octave higher.
+// Monumental: the hook at half speed by choir and solo over the fold in two-bar steps, timpani under it.
 void hall(Score& score) {
     Stage stage(score, "1 hall");
-    const Stage::Harmony harmony{"Bbmaj7 Gm7 Ebmaj7#11 F Dm7 C A7sus4", 2 * barRows};
+    const Stage::Harmony slow{"Bbmaj7 Dm A/C# Am/C G/B Bbmaj7 A7sus4", 2 * barRows};
     stage.hush();
-    stage.strike(0, 64, 54);
-    stage.pads(harmony, 0, 36, Sound::choir, Sound::padRight);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "9...............", 0, 13, 46);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "7.....=.5.=.....", 3, 10, 34);
-    stage.drums({"9.........6.....", "", "", ""}, 0, 3);
-    stage.drums({"9.........7.....9......6..7.....", "........8.......", "", ""}, 3, 10);
-    stage.steps(channel::hat, Sound::ride, "4...3...4...3.2.", 5, 4);
-    stage.steps(channel::hat, Sound::ride, "5.3.4.3.5.3.4.33", 9, 4);
-    stage.strike(8 * barRows, 40, 44);
-    stage.arpeggio(harmony, Sound::glass, "a.b.c.d.e.d.c.b.", 8, 4, 26);
-    stage.line("A#4:12 F5:12 G5:8 F5:16 C5:16 D5:12 A#4:4 A4:16 D5:16", Sound::solo, 2 * barRows, 36);
-    stage.line("F5:12 C6:12 D6:8 C6:16 G5:16 F5:12 E5:4 D5:12", Sound::solo, 8 * barRows, 38);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "7.7.7.7.7.7.7.77", 13, 1, 32);
+    stage.pads(slow, 0, 44, Sound::choir, Sound::padRight);
+    stage.bassLine(slow, channel::sub, Sound::sub, "9.......=.9.....", 0, 13, 54);
+    stage.bassLine(slow, channel::bass, Sound::bass, "9.....=.7.=.....", 0, 13, 46);
+    stage.drums({"9.........7.....9......7..8.....", "........9...............9...2.3.", "4...3...4...3.2.", ""}, 0,
+                10);
+    stage.drums({"9.....9...9.....", "........9.......", "5.3.4.3.5.3.4.33", "..........5....."}, 10, 3);
+    stage.steps(channel::perc, Sound::tom, "6.....5...6.....6...4.5.6.6.4.4.", 2, 10, noteNumber("D3"));
+    stage.line(stretched(hook::question + hook::sequence, 2), Sound::solo, 2 * barRows, 50);
+    stage.voice(stretched(hook::question + hook::sequence, 2), Sound::choir, channel::texture, 2 * barRows, 46);
+    stage.arpeggio({hook::fold, barRows}, Sound::glass, "a.b.c.d.e.d.c.b.", 6, 4, 26);
+    stage.line("A5:16 C#6:16 D6:16", Sound::lead, 10 * barRows, 40);
+    stage.roll(13 * barRows, 12, 2, 20, 56);
     stage.tomFill(13);
-    stage.roll(13 * barRows, barRows, 2, 10, 44);
-    stage.swellInto(stage.rows(), Sound::reverse, 16, 56);
+    for (const int bar : {4, 8, 12})
+        stage.strike(bar * barRows, 30, 46);
+    stage.swellInto(stage.rows(), Sound::reverse, 16, 60);
+    stage.accents(sync::hall, Stage::Accent::heavy, noteNumber("D5"));
 }
 
-// The first groove. Four bars each: bass and drums, the chords, the motif, then a second theme over a lifted turn.
+// The first whole statement. Riff and break; stabs on every pulse; the hook; the riff again; three blows.
 void ring(Score& score) {
     Stage stage(score, "2 ring");
-    const Stage::Harmony harmony{"Dm9 Bbmaj7 Gm9 Am7", barRows};
-    const Stage::Harmony lift{"Bbmaj7 C Dm9 F", barRows};
-    stage.hush();
-    stage.strike(0, 56, 50);
+    const Stage::Harmony fold{hook::fold, barRows};
     const std::string kick = "9.....8...8.....9..7......8...7.";
-    stage.drums({kick, "....9..2....9...", "5233523352335233", ""}, 0, 4);
-    stage.drums({kick, "....9..2....9..2", "6243624362436243", "..4.......4....."}, 4, 4);
-    stage.drums({kick, "....9..2.2..9...", "6243624362436243", "..5...5...5...5."}, 8, 11);
-    stage.drums({"9.....9.....9...", "", "6...6...6...6...", ""}, 19, 1);
-    stage.steps(channel::perc, Sound::rim, "..3..3....3..4..", 4, 15);
-    for (const int bar : {3, 7, 15}) {
+    stage.hush();
+    stage.drums({kick, "....9..2....9..2", "5233523352335233", ""}, 0, 3);
+    stage.drums({kick, "....9..2....9..2", "6243624362436243", "..4.......4....."}, 3, 4);
+    stage.drums({kick, "....9..2.2..9...", "6243624362436243", "..5...5...5...5."}, 7, 8);
+    for (const int bar : {2, 6, 10})
         stage.snareFill(bar);
-    }
-    stage.tomFill(11);
-    for (const int bar : {4, 8, 12, 16}) {
-        stage.strike(bar * barRows, 0, 44);
-    }
-    stage.bassLine(harmony, channel::bass, Sound::bass, "9..6=.39.=.64.7.", 0, 4, 46);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "9..6=.39.=.64.789.96=.3.9.=64.39", 4, 8, 46);
-    stage.bassLine(lift, channel::bass, Sound::bass, "9..6=.39.=.64.789.96=.3.9.=64.39", 12, 7, 46);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "9....=7....=....", 0, 12, 46);
-    stage.bassLine(lift, channel::sub, Sound::sub, "9....=7....=....", 12, 7, 46);
-    stage.bassLine({"A7", barRows}, channel::bass, Sound::bass, "9.....9.....9..=", 19, 1, 46);
-    stage.pads({"Dm9 Bbmaj7 Gm9 Am7 Dm9 Bbmaj7 Gm9 Am7 Bbmaj7 C Dm9 F Bbmaj7 C Dm9 A7", barRows}, 4, 38);
-    stage.pump(4, 15, 40);
-    stage.arpeggio(harmony, Sound::glass, "a.cb..d.e.cb..d.", 4, 4, 26);
-    stage.arpeggio(harmony, Sound::glass, "acbdecbdfcbdecbd", 8, 4, 30);
-    stage.arpeggio(lift, Sound::glass, "acbdecbdfcbdecbd", 12, 4, 30);
-    stage.arpeggio(lift, Sound::glass, "aecfbgdhgfedcbac", 16, 3, 32);
-    stage.line(motif("D", false, 5) + motif("D", false, 5), Sound::lead, 8 * barRows, 36);
-    stage.line("D5:6 F5:6 A#5:4 A5:6 G5:6 F5:4 G5:6 E5:6 C6:4 A#5:6 A5:6 G5:4 A5:12 F5:4 D6:16 C6:6 A5:6 F5:4 E5:12",
-               Sound::lead, 12 * barRows, 40);
-    for (const int row : stage.rowsOf(sync::pulse)) {
-        stage.note(row, channel::stab, Sound::stab, row / barRows % 2 == 0 ? "D5" : "A4", 26);
-        stage.note(row, channel::kick, Sound::kick, 49, 64);
-    }
+    stage.tomFill(14);
+    stage.bassLine(fold, channel::bass, Sound::bass, "9..6=.39.=.64.7.", 0, 7, 50);
+    stage.bassLine(fold, channel::bass, Sound::bass, "9..6=.39.=.64.789.96=.3.9.=64.39", 7, 8, 50);
+    stage.bassLine(fold, channel::sub, Sound::sub, "9....=7....=....", 0, 15, 50);
+    stage.pads(fold, 7, 34);
+    stage.pump(7, 8, 38);
+    stage.riff(repeatedWords(hook::riff, 3), 0, 40);
+    stage.line(hook::wholeClosed, Sound::lead, 7 * barRows, 50);
+    stage.arpeggio(fold, Sound::glass, "a.cb..d.e.cb..d.", 7, 8, 22);
+    stage.bassLine({"A7", barRows}, channel::bass, Sound::bass, "9.....9.....9..=", 15, 1, 50);
+    stage.accents(sync::pulse, Stage::Accent::strong, noteNumber("D5"));
+    stage.accents(sync::advance, Stage::Accent::heavy, noteNumber("D4"));
+    stage.breakOff(15 * barRows + 14);
     stage.swellInto(stage.rows(), Sound::reverse, 16, 56);
-    stage.roll(19 * barRows + 4, 12, 1, 10, 52);
 }
 
-// The floor falls away: choir over an eighth-note pedal that climbs into the faster tempo.
+// The floor falls away: the fold's end in four bars, the break cut ever finer.
 void cube(Score& score) {
     Stage stage(score, "2 cube");
-    const Stage::Harmony harmony{"Gm9 Ebmaj7 Dbmaj7#11 C7", barRows};
+    const Stage::Harmony harmony{"Gm7 A7/G Dm/F A7/E", barRows};
     stage.hush();
-    stage.strike(0, 64, 58);
     stage.pads(harmony, 0, 38, Sound::choir, Sound::padRight);
-    stage.bassLine(harmony, channel::sub, Sound::sub, "9.=.9.=.9.=.9.=.", 0, 4, 42);
-    stage.bassLine(harmony, channel::bass, Sound::bass, "9.=.9.=.9.=.9.93", 2, 2, 34);
-    stage.arpeggio(harmony, Sound::glass, "abcdefgfedcbabcd", 0, 4, 32);
-    stage.steps(channel::hat, Sound::hat, "4.2.4.2.4.2.4.2.", 0, 2);
-    stage.steps(channel::hat, Sound::hat, "5243524352435243", 2, 2);
-    stage.steps(channel::kick, Sound::kick, "9...............", 0, 2);
-    stage.steps(channel::kick, Sound::kick, "7...7...7...7.7.", 3, 1);
-    stage.swellInto(stage.rows(), Sound::riser, 32, 58);
-    stage.roll(3 * barRows, barRows, 1, 10, 54);
+    stage.pump(0, 4, 40);
+    stage.bassLine(harmony, channel::sub, Sound::sub, "9.=.9.=.9.=.9.=.", 0, 4, 48);
+    stage.bassLine(harmony, channel::bass, Sound::bass, "9.=.9.=.9.=.9.93", 0, 4, 46);
+    stage.drums({"9..9..9...9..9..", "....9..4.4..9.4.", "7474747474747474", "..6...6...6...6."}, 0, 3);
+    stage.drums({"9...9...9.9.9999", "4444555566667788", "7777777777777777", ""}, 3, 1);
+    for (const int row : {13, 29, 45})
+        stage.flutter(row, channel::snare, 2);
+    stage.line(hook::climb, Sound::lead, 0, 48);
+    stage.accents(sync::swap, Stage::Accent::heavy, noteNumber("G4"));
+    stage.breakOff(stage.rows() - 2);
+    stage.swellInto(stage.rows(), Sound::riser, 32, 60);
 }
 
 } // namespace

@@ -75,38 +75,42 @@ XmInstrument halved(XmInstrument instrument) {
 int fader(Sound sound) {
     switch (sound) {
     case Sound::kick:
-        return 85;
+        return 108;
     case Sound::hardKick:
-        return 96;
+        return 112;
     case Sound::snare:
     case Sound::clap:
+        return 118;
     case Sound::tom:
-        return 87;
+        return 100;
     case Sound::crash:
-        return 84;
+        return 90;
     case Sound::impact:
-        return 64;
+        return 60;
     case Sound::hat:
     case Sound::openHat:
     case Sound::ride:
     case Sound::rim:
         return 112;
     case Sound::sub:
-        return 105;
+        return 104;
     case Sound::choir:
-        return 112;
+        return 74;
     case Sound::padLeft:
     case Sound::padRight:
+    case Sound::air:
+        return 50;
     case Sound::growl:
-        return 122;
+        return 110;
     case Sound::bass:
+        return 118;
     case Sound::lead:
     case Sound::solo:
+        return 112;
     case Sound::bell:
-        return 130;
     case Sound::stab:
     case Sound::glass:
-        return 140;
+        return 125;
     default:
         return 100;
     }

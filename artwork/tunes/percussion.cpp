@@ -60,9 +60,11 @@ Samples snare() {
 
 Samples clap() {
     Samples sound;
+    // the body stands on the row; the fore-claps follow it as a flutter
     for (int i = 0; i < 4; ++i) {
-        const double fall = i == 3 ? 0.07 : 0.006;
-        add(sound, noiseBurst(0.25, 900.0, 5200.0, fall, 41 + static_cast<std::uint32_t>(i)), 1.0, 0.0105 * i);
+        const double fall = i == 0 ? 0.07 : 0.006;
+        add(sound, noiseBurst(0.25, 900.0, 5200.0, fall, 41 + static_cast<std::uint32_t>(i)), i == 0 ? 1.0 : 0.55,
+            0.0105 * i);
     }
     shapeWith(sound, 1.6);
     return withRoom(sound, 0.45, 0.35, 4500.0, 47);
@@ -98,9 +100,9 @@ XmInstrument percussion(Sound sound) {
     case Sound::clap:
         return oneShot("clap", clap(), 0.8, 120);
     case Sound::hat:
-        return oneShot("hat closed", metal(0.12, 0.022, 7200.0, 0.5, 71), 0.55, 150);
+        return oneShot("hat closed", metal(0.12, 0.022, 7200.0, 0.5, 71), 0.72, 140);
     case Sound::openHat:
-        return oneShot("hat open", metal(0.42, 0.11, 7000.0, 0.5, 73), 0.5, 104);
+        return oneShot("hat open", metal(0.42, 0.11, 7000.0, 0.5, 73), 0.66, 116);
     case Sound::ride:
         return oneShot("ride", metal(0.8, 0.22, 5200.0, 0.12, 79), 0.45, 164);
     case Sound::rim:

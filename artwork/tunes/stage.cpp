@@ -1,5 +1,7 @@
 #include "artwork/tunes/stage.h"
 
+#include "artwork/tunes/hook.h"
+
 #include <algorithm>
 #include <sstream>
 #include <stdexcept>
@@ -49,9 +51,10 @@ bool sustains(Sound sound) {
 
 } // namespace
 
-Stage::Stage(Score& target, const std::string& section)
+Stage::Stage(Score& target, const std::string& section, int level)
     : score(target), events(sectionNamed(target.sections(), section).events),
-      start(firstRow(target.sections(), section)), rowCount(sectionNamed(target.sections(), section).rows) {}
+      start(firstRow(target.sections(), section)), rowCount(sectionNamed(target.sections(), section).rows),
+      levelPercent(level) {}
 
 std::vector<int> Stage::rowsOf(int syncValue) const {
     std::vector<int> found;
@@ -70,7 +73,7 @@ void Stage::note(int row, int channelNumber, Sound sound, int number, int volume
     XmCell& cell = score.cell(start + row, channelNumber);
     cell.note = static_cast<std::uint8_t>(number);
     cell.instrument = static_cast<std::uint8_t>(sound);
-    cell.volume = volumeByte(faded(sound, volume));
+    cell.volume = volumeByte(faded(sound, volume) * levelPercent / 100);
 }
 
 void Stage::off(int row, int channelNumber) {
@@ -189,6 +192,44 @@ void Stage::strike(int row, int impactVolume, int crashVolume) {
     }
 }
 
+void Stage::riff(const std::string& words, int row, int volume) {
+    for (const Word& word : parseWords(words)) {
+        if (word.note != 0) {
+            note(row, channel::glass, Sound::glass, word.note, volume);
+            effect(row, channel::glass, panningEffect, 0x70);
+            note(row + echoRows, channel::glassEcho, Sound::glass, word.note, volume * 2 / 5);
+            effect(row + echoRows, channel::glassEcho, panningEffect, 0xA8);
+        }
+        row += word.rows;
+    }
+}
+
+void Stage::accent(int row, Accent weight, int stabNote) {
+    // what the groove would play just before steps back
+    for (const int number : {channel::kick, channel::snare, channel::hat, channel::cymbal, channel::perc,
+                             channel::glass, channel::glassEcho, channel::stab})
+        clear(row - 1, 1, number);
+    for (const int number : {channel::bass, channel::sub, channel::lead, channel::texture}) {
+        const int before = start + row - 1;
+        if (row > 0 && score.cell(before, number).note == 0 && score.cell(before, number).volume == 0)
+            score.cell(before, number).volume = volumeByte(14);
+    }
+    clear(row + 1, 1, channel::snare);
+    clear(row + 1, 1, channel::perc);
+    note(row, channel::kick, Sound::kick, 49, 64);
+    note(row, channel::snare, Sound::clap, 49, weight == Accent::light ? 48 : 54);
+    note(row, channel::cymbal, Sound::crash, 49, weight == Accent::light ? 38 : weight == Accent::strong ? 52 : 58);
+    if (stabNote > 0)
+        note(row, channel::stab, Sound::stab, stabNote, weight == Accent::light ? 40 : 52);
+    if (weight != Accent::light)
+        note(row, channel::impact, Sound::impact, 49, weight == Accent::strong ? 34 : 48);
+}
+
+void Stage::accents(int syncValue, Accent weight, int stabNote) {
+    for (const int row : rowsOf(syncValue))
+        accent(row, weight, stabNote);
+}
+
 void Stage::pads(const Harmony& harmony, int bar, int volume, Sound left, Sound right, int floor) {
     int row = bar * barRows;
     for (const Chord& chord : parseChords(harmony.chords)) {
@@ -203,7 +244,7 @@ void Stage::pads(const Harmony& harmony, int bar, int volume, Sound left, Sound 
 
 void Stage::pump(int bar, int bars, int volume, int everyRows) {
     constexpr int ticksARow = 5; // a slide skips the row's first tick
-    const int full = faded(Sound::padLeft, volume);
+    const int full = faded(Sound::padLeft, volume) * levelPercent / 100;
     const int low = full * 3 / 8;
     const int slide = std::max(1, (full - low) / ((everyRows - 1) * ticksARow));
     for (int row = bar * barRows; row < std::min(rowCount, (bar + bars) * barRows); ++row) {
@@ -228,7 +269,7 @@ void Stage::stabs(const Harmony& harmony, const std::string& pattern, int bar, i
         const Chord& chord = chords[static_cast<std::size_t>((bar * barRows + row) / harmony.rowsEach) % chords.size()];
         const std::vector<int> notes = voicing(chord, floor);
         const int channels[4] = {channel::stab, channel::pad + 1, channel::pad + 2, channel::pad + 3};
-        const int places[4] = {0x60, 0x10, 0xF0, 0xA0};
+        const int places[4] = {0x78, 0x58, 0xA8, 0x88};
         for (int voice = 0; voice < 4; ++voice) {
             note(bar * barRows + row, channels[voice], Sound::stab, notes[static_cast<std::size_t>(voice)],
                  volume * (step - '0') / 9);
@@ -269,9 +310,9 @@ void Stage::arpeggio(const Harmony& harmony, Sound sound, const std::string& fig
         const int target = bar * barRows + row;
         const int loudness = volume * accents[row % 4] / 9;
         note(target, channel::glass, sound, number, loudness);
-        effect(target, channel::glass, panningEffect, row % 2 == 0 ? 0x50 : 0xB0);
+        effect(target, channel::glass, panningEffect, row % 2 == 0 ? 0x70 : 0x90);
         note(target + echoRows, channel::glassEcho, sound, number, loudness * 2 / 5);
-        effect(target + echoRows, channel::glassEcho, panningEffect, row % 2 == 0 ? 0xF0 : 0x10);
+        effect(target + echoRows, channel::glassEcho, panningEffect, row % 2 == 0 ? 0xA8 : 0x58);
     }
 }
 
@@ -295,8 +336,8 @@ void Stage::voice(const std::string& words, Sound sound, int channelNumber, int 
 }
 
 void Stage::line(const std::string& words, Sound sound, int row, int volume) {
-    constexpr int left = 0x28;
-    constexpr int right = 0xD8;
+    constexpr int left = 0x58;
+    constexpr int right = 0xA8;
     voice(words, sound, channel::lead, row, volume);
     for (int echo = 1; echo <= 2; ++echo) {
         const int channelNumber = channel::leadEcho + echo - 1;
@@ -310,17 +351,36 @@ void Stage::line(const std::string& words, Sound sound, int row, int volume) {
     }
 }
 
-std::string motif(const std::string& tonic, bool major, int octave) {
+namespace {
+
+std::string nameOf(int number) {
     static const char* const names[12] = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
-    const int root = noteNumber(tonic + std::to_string(octave)) - 1;
-    const int degrees[5] = {0, 7, major ? 9 : 8, 7, 2};
-    const int lengths[5] = {6, 6, 4, 8, 8};
+    return std::string(names[(number - 1) % 12]) + std::to_string((number - 1) / 12);
+}
+
+std::string mapped(const std::string& text, int semitones, int factor) {
     std::string words;
-    for (int i = 0; i < 5; ++i) {
-        const int number = root + degrees[i];
-        words += std::string(names[number % 12]) + std::to_string(number / 12) + ":" + std::to_string(lengths[i]) + " ";
-    }
+    for (const Word& word : parseWords(text))
+        words += (word.note == 0 ? std::string("-") : nameOf(word.note + semitones)) + ":" +
+                 std::to_string(word.rows * factor) + " ";
     return words;
+}
+
+} // namespace
+
+std::string transposed(const std::string& words, int semitones) {
+    return mapped(words, semitones, 1);
+}
+
+std::string stretched(const std::string& words, int factor) {
+    return mapped(words, 0, factor);
+}
+
+std::string repeatedWords(const std::string& words, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i)
+        all += words;
+    return all;
 }
 
 } // namespace lumenfold::art

@@ -36,7 +36,8 @@ constexpr int count = 20;
 // One section of a score, written in bars and rows from its start. Whatever falls past its end is left out.
 class Stage {
   public:
-    Stage(Score& target, const std::string& section);
+    // level: percent of every note's volume, for dynamics between sections.
+    Stage(Score& target, const std::string& section, int level = 90);
 
     int rows() const { return rowCount; }
     // Rows at which the section's sync commands of that value stand: what is heard there is written from the table.
@@ -77,6 +78,13 @@ class Stage {
     // A swell or riser that ends on that row, started as late as its length of so many rows asks.
     void swellInto(int row, Sound sound, int lengthRows, int volume, int number = 49);
     void strike(int row, int impactVolume, int crashVolume);
+    // A row that the picture answers: kick, clap and crash at once, heavier with an impact and a stab; what plays in
+    // the row before steps back, so that nothing near is as strong.
+    enum class Accent { light, strong, heavy };
+    void accent(int row, Accent weight, int stabNote = 0);
+    void accents(int syncValue, Accent weight, int stabNote = 0); // at every such command of the section
+    // Words on the pluck, with an echo on the other side.
+    void riff(const std::string& words, int row, int volume);
 
     // Chord names separated by blanks, each lasting so many rows; a turn that repeats from the section's start,
     // wherever in it a figure begins.
@@ -110,9 +118,7 @@ class Stage {
     std::vector<SyncEvent> events;
     int start;
     int rowCount;
+    int levelPercent;
 };
-
-// The motif in a key: fifth up, a half step above it, back, and down to the second; lasting 32 rows.
-std::string motif(const std::string& tonic, bool major, int octave);
 
 } // namespace lumenfold::art

@@ -46,10 +46,10 @@ std::vector<Section> buildDemo() {
     sections.push_back({"1 tunnel", 10 * barRows, slowTempo, {}});
     sections.push_back({"1 logo", 13 * barRows, slowTempo, single(0, 0, dissolve)});
     sections.push_back({"1 hall", 14 * barRows, slowTempo, single(0, 0, hall)});
-    sections.push_back({"2 ring", 20 * barRows, slowTempo,
-                        joined({next, onBars(pulse, 4, 4, 1, {0}), onBars(pulse, 8, 4, 1, {0, 10}),
-                                onBars(pulse, 12, 7, 1, {0, 4, 8, 12}), single(19, 0, pulse), single(19, 6, pulse),
-                                single(19, 12, pulse)})});
+    sections.push_back({"2 ring", 16 * barRows, slowTempo,
+                        joined({next, onBars(pulse, 3, 4, 1, {0}), onBars(pulse, 7, 4, 1, {0, 10}),
+                                onBars(pulse, 11, 4, 1, {0, 4, 8, 12}), single(15, 0, pulse), single(15, 6, pulse),
+                                single(15, 12, pulse)})});
     sections.push_back({"2 cube", 4 * barRows, fastTempo, single(0, 0, swap)});
     sections.push_back(
         {"3 bodies", 20 * barRows, fastTempo,
@@ -60,9 +60,9 @@ std::vector<Section> buildDemo() {
         {"4 twin tunnels", 16 * barRows, fastTempo,
          joined({next, onBars(hit, 2, 6, 2, {0}), onBars(hit, 8, 4, 1, {0, 8}), onBars(hit, 12, 3, 1, {0, 4, 8, 12}),
                  single(15, 0, hit), single(15, 4, hit), single(15, 10, swap)})});
-    sections.push_back({"4 ray tunnel", 14 * barRows, fastTempo, joined({single(0, 0, pulse), single(13, 0, swap)})});
-    sections.push_back({"5 weld", 3 * barRows, fastTempo, next});
-    sections.push_back({"5 film", 4 * barRows + barRows / 2, fastTempo, single(0, 0, swap)});
+    sections.push_back({"4 ray tunnel", 14 * barRows, fastTempo, joined({single(0, 0, pulse), single(12, 4, swap)})});
+    sections.push_back({"5 weld", 2 * barRows, fastTempo, next});
+    sections.push_back({"5 film", 5 * barRows + 2, fastTempo, single(0, 0, swap)});
     sections.push_back({"6 water", 11 * barRows + beatRows, fastTempo,
                         joined({next, single(2, 0, hit), single(4, 0, hit), single(6, 0, hit), single(6, 8, hit),
                                 single(7, 8, hit), single(8, 0, hit)})});

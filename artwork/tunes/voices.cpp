@@ -224,33 +224,33 @@ XmInstrument tonal(Sound sound) {
     constexpr std::size_t length = 1 << 16;
     switch (sound) {
     case Sound::sub:
-        return withEnvelope(seamless("sub", sub(), hertzOf(8, 4096), 0.55), 1, 30, 54, 4000);
+        return withEnvelope(seamless("sub", sub(), hertzOf(8, 4096), 0.70), 1, 30, 54, 4000);
     case Sound::bass:
-        return withEnvelope(seamless("folded bass", foldedBass(), hertzOf(128, length), 0.7), 1, 14, 44, 4000);
+        return withEnvelope(seamless("folded bass", foldedBass(), hertzOf(128, length), 0.88), 1, 14, 44, 4000);
     case Sound::growl: {
-        XmInstrument low = oneShot("growl", growl(), 0.7);
+        XmInstrument low = oneShot("growl", growl(), 0.88);
         low.relativeNote += 24; // the recipe plays two octaves below C-4
         return low;
     }
     case Sound::padLeft:
-        return pad("petrol pad, left", 300, 16);
+        return pad("petrol pad, left", 300, 92);
     case Sound::padRight:
-        return pad("petrol pad, right", 340, 240);
+        return pad("petrol pad, right", 340, 164);
     case Sound::air:
-        return withEnvelope(seamless("air", dense(cloudPad(length, 22.0, airGain, 24, 380), 1.5), middleC, 0.6, 220),
+        return withEnvelope(seamless("air", dense(cloudPad(length, 22.0, airGain, 24, 380), 1.5), middleC, 0.6, 160),
                             40, 24, 60, 500);
     case Sound::choir: {
         const Samples loop = dense(cloudPad(length, 30.0, choirGain, 14, 420), 1.6);
-        return withVibrato(withEnvelope(seamless("choir", loop, middleC, 0.85, 40), 18, 24, 60, 700), 3, 36, 40);
+        return withVibrato(withEnvelope(seamless("choir", loop, middleC, 0.85, 104), 18, 24, 60, 700), 3, 36, 40);
     }
     case Sound::drone:
         return withEnvelope(halved(seamless("drone", dense(drone(), 1.7), lowC, 0.6)), 70, 24, 64, 300);
     case Sound::lead: {
-        XmInstrument bright = seamless("ice lead", dense(lead(), 1.6), hertzOf(leadCycles, leadLength), 0.8);
+        XmInstrument bright = seamless("ice lead", dense(lead(), 1.6), hertzOf(leadCycles, leadLength), 0.98);
         return withVibrato(withEnvelope(std::move(bright), 1, 20, 46, 1600), 4, 40, 60);
     }
     case Sound::solo: {
-        XmInstrument soft = seamless("solo", solo(), hertzOf(256, 1 << 15), 0.75);
+        XmInstrument soft = seamless("solo", solo(), hertzOf(256, 1 << 15), 0.95);
         return withVibrato(withEnvelope(std::move(soft), 2, 24, 50, 1400), 6, 42, 45);
     }
     case Sound::glass:
@@ -258,7 +258,7 @@ XmInstrument tonal(Sound sound) {
     case Sound::bell:
         return oneShot("bell", bell(), 0.8);
     case Sound::stab:
-        return oneShot("stab", stab(), 0.85);
+        return oneShot("stab", stab(), 0.95);
     default:
         throw std::logic_error("not a voice");
     }

@@ -10,7 +10,7 @@ class SoundOutput {
   public:
     virtual ~SoundOutput() = default;
 
-    // Takes the device; silent at first. Throws std::runtime_error with the cause.
+    // Makes ready for a tune; silent at first. Throws std::runtime_error with the cause.
     virtual void open() = 0;
     virtual void close() = 0;
 

@@ -2,17 +2,29 @@
 
 #include "platform/player/module_player.h"
 
-#include <SDL.h>
-
 namespace lumenfold {
 
-void Pace::wait(std::size_t frames) {
-    const std::uint64_t frequency = SDL_GetPerformanceFrequency();
-    const std::uint64_t now = SDL_GetPerformanceCounter();
-    if (now < due)
-        SDL_Delay(static_cast<Uint32>((due - now) * 1000 / frequency + 1));
-    const bool paused = now > due + frequency;
-    due = (paused ? now : due) + frames * frequency / soundRate;
+void Pace::begin(SoundTime at) {
+    origin = at;
+    counted = 0;
+}
+
+void Pace::handOut(std::size_t frames) {
+    counted += frames;
+    origin += std::chrono::seconds(counted / soundRate);
+    counted %= soundRate;
+}
+
+SoundTime Pace::end() const {
+    constexpr std::int64_t second = std::chrono::nanoseconds(std::chrono::seconds(1)).count();
+    const auto frames = static_cast<std::int64_t>(counted);
+    return origin + std::chrono::ceil<SoundClock::duration>(
+                        std::chrono::nanoseconds((frames * second + soundRate - 1) / soundRate));
+}
+
+void Pace::limitDelay(SoundTime now) {
+    if (now > end() + std::chrono::seconds(1))
+        begin(now);
 }
 
 } // namespace lumenfold

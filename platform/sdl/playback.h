@@ -9,17 +9,17 @@
 
 namespace lumenfold {
 
-// The tune that plays and who is told of its sync commands. Whoever has sound to hand out asks here: the device's
-// thread or, while no device plays, its stand-in. Keeps nothing that is to be destroyed, because a device that hangs
-// may ask once more while the program ends.
+// The tune that plays and the callback for its sync commands. Shared by the main thread, which starts and stops tunes,
+// and the threads that ask for sound.
 class Playback {
   public:
     void run(bool on);
-    void start(ModulePlayer& tune);
+    void start(ModulePlayer& tune); // not owned
     void stop();
     void setSyncCallback(MIDASsyncCallback newCallback);
 
-    // The next frames. What is heard by now has its sync commands told. latency: frames from asking to hearing.
+    // Delivers the sync commands that are heard by now, then renders the next frames. latency: frames from this call
+    // to their being heard.
     void fill(float* samples, std::size_t frames, std::int64_t latency);
 
   private:

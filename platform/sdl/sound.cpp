@@ -1,19 +1,41 @@
 #include "platform/player/sound_output.h"
 #include "platform/sdl/sound_device.h"
 
+#include <SDL.h>
 #include <atomic>
-#include <cstdio>
+#include <sstream>
+#include <stdexcept>
+#include <string>
 #include <thread>
 
 namespace lumenfold {
 
 namespace {
 
-Playback playback;
-SoundDevice device(playback);
+// How long the main thread waits for the first device: the viewer's keys wait as well.
+constexpr std::chrono::milliseconds firstWait{400};
 
-// Sound through the system's device. The show hangs on the tune's sync commands: while no device plays any more, a
-// stand-in lets the tune go on in silence at its speed.
+// Never destroyed: the thread of a device that hangs may use it while the program ends.
+struct System {
+    Playback playback;
+    SdlSoundDevice device;
+    SoundKeeper keeper{playback, device};
+};
+
+// Whether SDL_AUDIODRIVER names only drivers that SDL does not have.
+bool unknownDriver() {
+    const char* wish = std::getenv("SDL_AUDIODRIVER");
+    if (wish == nullptr || *wish == 0)
+        return false;
+    std::stringstream names(wish);
+    for (std::string name; std::getline(names, name, ',');)
+        for (int driver = 0; driver < SDL_GetNumAudioDrivers(); ++driver)
+            if (name == SDL_GetAudioDriver(driver) || name == "pulse")
+                return false;
+    return true;
+}
+
+// Sound through the system's device, or silence while there is none.
 class DeviceSound : public SoundOutput {
   public:
     DeviceSound() = default;
@@ -23,67 +45,57 @@ class DeviceSound : public SoundOutput {
 
     void open() override;
     void close() override;
-    void run() override { playback.run(true); }
-    void pause() override { playback.run(false); }
-    void start(ModulePlayer& tune) override { playback.start(tune); }
-    void stop() override { playback.stop(); }
-    void setSyncCallback(MIDASsyncCallback callback) override { playback.setSyncCallback(callback); }
+    void run() override { system.playback.run(true); }
+    void pause() override { system.playback.run(false); }
+    void start(ModulePlayer& tune) override { system.playback.start(tune); }
+    void stop() override { system.playback.stop(); }
+    void setSyncCallback(MIDASsyncCallback callback) override { system.playback.setSyncCallback(callback); }
 
   private:
-    void keepPlaying();
-    void standIn();
+    void openFirst();
 
-    std::thread keeper;
+    System& system = *new System;
+    bool begun = false;
+    std::thread looking;
     std::atomic<bool> ending = false;
-    bool lost = false; // the device; from one tune to the next
-    Pace pace;
-    std::uint64_t nextTry = 0; // counter reading
 };
 
 // A program that ends on an error may leave the device playing a tune that is about to go.
 DeviceSound::~DeviceSound() {
-    playback.stop();
-    if (keeper.joinable())
-        DeviceSound::close();
+    system.playback.stop();
+    if (looking.joinable())
+        close();
+    system.device.release();
 }
 
 void DeviceSound::open() {
-    if (!lost)
-        device.open();
+    if (!begun)
+        openFirst();
     ending = false;
-    keeper = std::thread([this] { keepPlaying(); });
+    looking = std::thread([this] {
+        while (!ending) {
+            system.keeper.look(SoundClock::now());
+            std::this_thread::sleep_for(SoundKeeper::step);
+        }
+    });
 }
 
+void DeviceSound::openFirst() {
+    system.device.connect(system.keeper);
+    system.device.open();
+    const SoundTime end = SoundClock::now() + firstWait;
+    while (system.device.state() == SoundDevice::State::opening && SoundClock::now() < end)
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    if (system.device.state() == SoundDevice::State::lost && unknownDriver())
+        throw std::runtime_error(system.device.fault() + "; to watch without sound, start with SDL_AUDIODRIVER=dummy");
+    system.keeper.begin(SoundClock::now());
+    begun = true;
+}
+
+// The device stays and goes on in silence, so that the next tune finds it open.
 void DeviceSound::close() {
     ending = true;
-    keeper.join();
-    if (!lost)
-        device.close();
-}
-
-void DeviceSound::keepPlaying() {
-    while (!ending) {
-        const bool works = device.works();
-        if (!works && !lost)
-            std::fputs("lumenfold: the sound device is lost; the tune goes on in silence until there is one again\n",
-                       stderr);
-        lost = !works;
-        if (works)
-            SDL_Delay(20);
-        else
-            standIn();
-    }
-}
-
-void DeviceSound::standIn() {
-    float samples[SoundDevice::bufferFrames * 2];
-    pace.wait(SoundDevice::bufferFrames);
-    playback.fill(samples, SoundDevice::bufferFrames, 0);
-    const std::uint64_t now = SDL_GetPerformanceCounter();
-    if (now < nextTry)
-        return;
-    device.reopen();
-    nextTry = now + 2 * SDL_GetPerformanceFrequency();
+    looking.join();
 }
 
 } // namespace

@@ -35,7 +35,6 @@ constexpr Draft drafts[] = {
     {"fire1.jpg", 256, 256, Ground::added},
     {"plate1.jpg", 256, 256, Ground::added},
     {"film1.jpg", 256, 256, Ground::opaque},
-    {"coral1.jpg", 256, 256, Ground::opaque},
     {"bfs1.pcx", 32, 32, Ground::added},
     {"bfs0.pcx", 16, 16, Ground::added},
     {"petrolflare.jpg", 32, 32, Ground::added},

@@ -45,7 +45,6 @@ constexpr PictureRule pictureRules[] = {
     {"hullpan.jpg", 256, 256, seamless},
     {"ribwall.jpg", 256, 256, seamless},
     {"hall1.jpg", 256, 256, seamless},
-    {"coral1.jpg", 256, 256, seamless},
     {"ripple.jpg", 256, 256, seamless | blackGround},
     {"fire1.jpg", 256, 256, seamless | blackGround},
     {"plate1.jpg", 256, 256, wrapsInX | blackGround},

@@ -65,7 +65,7 @@ Model makeFilm() {
     const std::uint32_t last = frame("frame", "(none)", 0);
     const std::uint32_t first = frame("frame2", "(none)", -pitch);
     // the pitch is no multiple of the frame's width: each picture has its own place
-    const char* matter[] = {"petrolenv.jpg", "cell1.jpg", "slem4.jpg", "coral1.jpg", "cells3c.jpg"};
+    const char* matter[] = {"pool1.jpg", "paper1.jpg", "petrolenv.jpg", "cubet4.jpg", "slem4.jpg"};
     const std::uint32_t base = // drawn for one pitch, with a glint where each hole is
         addSurface(model, "base", {"film1.jpg", Axis::Z, {0, 0, 0}, {pitch, 2 * border, 1}});
     const std::uint32_t line = addSurface(model, "line", lampMap(Lamp::amber, Axis::Z, 0.202, 0.02, 0.9));

@@ -190,12 +190,25 @@ World machineWorld() {
 
 } // namespace
 
+namespace {
+
+// Tungsten light: every colour by its brightness, from the brown of old film to a warm white.
+Colour tungsten(Colour light) {
+    const float level = filmic(1.35F * luminance(light));
+    Colour tone = mix(fromHex(0x120B06), fromHex(0x5A3A1E), smoothStep(0, 0.22F, level));
+    tone = mix(tone, fromHex(0xD9A25B), smoothStep(0.18F, 0.62F, level));
+    return mix(tone, fromHex(0xFFF3DC), smoothStep(0.55F, 0.95F, level));
+}
+
+} // namespace
+
 void makeMachineCore(const std::string& path) {
-    const Camera camera = {{0.85F, 0.95F, -4.35F}, {0.02F, 1.12F, 0}, 1.28F, 0.04F};
+    const Camera camera = {{0.85F, 0.95F, -4.35F}, {0.02F, 1.12F, 0}, 1.42F, 0.04F};
     Picture picture = photograph(machineWorld(), camera, 512, 384, 4);
     picture = withBloom(picture, {3, 0.12F, 16, 0.12F}, Edge::clamp);
-    addVignette(picture, 0.5F);
-    writeBitmap(path, developed(picture, {1.1F, true, 0.6F}));
+    picture.change([](Colour light, int, int) { return tungsten(light); });
+    addVignette(picture, 0.45F);
+    writeBitmap(path, developed(picture, {1.0F, false, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -51,37 +51,4 @@ void makeFire(const std::string& path) {
     writeBitmap(path, withTrueBlack(developed(picture, {0.9F, true, 0}), 6));
 }
 
-// "coral1.jpg": one of the matters on the film: branching ridges over dark hollows, cups that glow here and there.
-void makeCoral(const std::string& path) {
-    constexpr int fine = 768;
-    const auto heightAt = [](float u, float v) {
-        const float bend = 0.20F * fractalNoise({3 * u, 3 * v, 2}, 3, 621, {3, 3});
-        const float branches = std::fabs(gradientNoise({5 * (u + bend), 5 * (v - bend), 1}, 622, {5, 5}));
-        const float twigs = std::fabs(gradientNoise({11 * (u - bend), 11 * (v + bend), 4}, 623, {11, 11}));
-        const float mass = fractalNoise({3 * u, 3 * v, 7}, 3, 624, {3, 3});
-        return 0.7F * power(saturate(1 - 2.0F * branches), 2) + 0.28F * saturate(1 - 2.2F * twigs) + 0.8F * mass;
-    };
-    const Relief heights = Relief(fine, heightAt).lowPass(2.5F);
-    const Relief around = heights.lowPass(26);
-    Picture picture = shadedRelief(256, heights, [&](int x, int y) {
-        const float u = (static_cast<float>(x) + 0.5F) / fine;
-        const float v = (static_cast<float>(y) + 0.5F) / fine;
-        const Vec3 normal = heights.normal(x, y, 0.060F);
-        const float lit = saturate(dot(normal, normalize({-0.5F, -0.6F, 0.62F})));
-        const float back = saturate(dot(normal, normalize({0.8F, 0.45F, 0.25F})));
-        const float proud = smoothStep(-0.30F, 0.32F, heights.at(x, y) - around.at(x, y));
-        const float tide = fractalNoise({2 * u, 2 * v, 3}, 3, 625, {2, 2});
-        Colour body = mix(palette::petrol, palette::teal * 0.8F, smoothStep(-0.3F, 0.4F, tide));
-        body = mix(body, palette::ember * 0.9F, 0.65F * smoothStep(0.12F, 0.42F, -tide));
-        Colour light = body * ((0.12F + 0.88F * lit) * mix(0.10F, 1, proud));
-        light += palette::ice * (0.25F * proud * power(saturate(dot(normal, normalize({-0.25F, -0.3F, 0.9F}))), 40));
-        light += palette::amber * (0.35F * back * back * proud);
-        const Cell cup = cellNoise(7 * u, 7 * v, 626, {7, 7});
-        const float lamp = unitOf(cup.id, 0) > 0.78F ? bell(cup.nearest, 0.10F) : 0;
-        return light + mix(palette::teal, palette::amber, unitOf(cup.id, 1) > 0.6F ? 1.0F : 0.0F) * (0.9F * lamp);
-    });
-    picture = withBloom(picture, {1.5F, 0.08F, 9, 0.10F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.1F, true, 0.6F}));
-}
-
 } // namespace lumenfold::art

@@ -29,7 +29,6 @@ std::vector<Recipe> textureRecipes() {
         {"dome1.jpg", true, makeDomeWall},
         {"steel1.jpg", true, makeClawSteel},
         {"head1.jpg", true, makeHotHead},
-        {"coral1.jpg", true, makeCoral},
         {"tunbay1.jpg", true, makeTunnelBay},
         {"tunbay2.jpg", true, makeTunnelBayTurned},
         {"lamps.jpg", true, makeLampBands},

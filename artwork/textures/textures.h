@@ -35,7 +35,6 @@ void makeFire(const std::string& path);
 void makeDomeWall(const std::string& path);
 void makeClawSteel(const std::string& path);
 void makeHotHead(const std::string& path);
-void makeCoral(const std::string& path);
 
 void makeTunnelBay(const std::string& path);
 void makeTunnelBayTurned(const std::string& path);

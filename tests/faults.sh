@@ -189,10 +189,10 @@ if command -v pulseaudio >/dev/null && command -v pactl >/dev/null; then
     sound "server hung for a while" : 'kill -STOP $server; sleep 2; kill -CONT $server; sounds'
     sound "server hangs at the start" 'kill -STOP $server' :
     sound "last sink gone" : 'pactl unload-module module-null-sink; sleep 5'
-    sound "last sink gone and back" : 'pactl unload-module module-null-sink; sleep 1; pactl load-module module-null-sink; sounds'
-    sound "no sink at the start" 'pactl unload-module module-null-sink' 'pactl load-module module-null-sink; sounds'
-    sound "another sink for the last" 'pactl load-module module-always-sink' 'pactl unload-module module-null-sink; sleep 2'
-    sound "default sink changed" : 'pactl load-module module-null-sink sink_name=two; pactl set-default-sink two; sleep 2'
+    sound "last sink gone and back" : 'pactl unload-module module-null-sink; sleep 1; pactl load-module module-null-sink >/dev/null; sounds'
+    sound "no sink at the start" 'pactl unload-module module-null-sink' 'pactl load-module module-null-sink >/dev/null; sounds'
+    sound "another sink for the last" 'pactl load-module module-always-sink >/dev/null' 'pactl unload-module module-null-sink; sleep 2'
+    sound "default sink changed" : 'pactl load-module module-null-sink sink_name=two >/dev/null; pactl set-default-sink two; sleep 2'
     sound "sink suspended" : 'pactl suspend-sink one 1; sleep 2'
     sound "sink suspended for a while" : 'pactl suspend-sink one 1; sleep 2; pactl suspend-sink one 0; sounds'
     export SDL_AUDIODRIVER=dummy

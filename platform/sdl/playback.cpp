@@ -32,7 +32,7 @@ void Playback::fill(float* samples, std::size_t frames, std::int64_t latency) {
     }
     const std::int64_t heard = player->position() - latency;
     SyncCommand command;
-    while (callback != nullptr && heard >= 0 && player->takeSync(heard, command))
+    while (callback != nullptr && player->takeSync(heard, command))
         callback(command.value, command.order, command.row);
     player->render(samples, frames);
 }

@@ -113,6 +113,16 @@ TEST_F(Keeper, IsPatientWithASilentDevice) {
     testing::internal::CaptureStderr();
 }
 
+// What a device was late by is its own affair; it does not shorten the patience with it.
+TEST_F(Keeper, ForgetsShortStutters) {
+    for (int i = 0; i < 5; ++i) {
+        pass(400ms, false);
+        pass(1s, true);
+    }
+    EXPECT_GT(missing(), soundRate * 14 / 10);
+    EXPECT_LT(missing(), soundRate * 21 / 10);
+}
+
 TEST_F(Keeper, OpensALostDeviceEveryTwoSecondsWhileTheTuneGoesOn) {
     pass(3s, true);
     device.now = SoundDevice::State::lost;

@@ -1,7 +1,7 @@
 // The demo's music without its pictures, for the tests of sound: plays FOLDER/one.xm, switches to FOLDER/two.xm at the
 // sync command with the value 31 and ends at SIGTERM, which stands for a key. Prints a line for every sync command:
-// its value and when it came, in seconds of the steady clock; before them the moment when the main thread is free,
-// and at the end how late a thread wakes up that does nothing but sleep.
+// its value and when it came, in seconds of the steady clock; at the end how late a thread wakes up that does nothing
+// but sleep, and when the program has done all its work.
 //   sound_probe FOLDER
 
 #include "driver/midas.h"
@@ -11,6 +11,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <thread>
 
@@ -58,7 +59,6 @@ bool play(const std::string& folder) {
     Tune tune;
     if (!tune.start(folder + "/one.xm"))
         return false;
-    print("free", seconds(Clock::now().time_since_epoch()));
     for (bool switched = false; !key; std::this_thread::sleep_for(std::chrono::milliseconds(1)))
         if (switchDue && !switched) {
             switched = true;
@@ -74,6 +74,7 @@ int main(int count, char** words) {
     if (count != 2)
         return 3;
     std::signal(SIGTERM, [](int) { key = true; });
+    std::atexit([] { print("exit", seconds(Clock::now().time_since_epoch())); }); // after everything else
     std::atomic<bool> ending = false;
     double lag = 0.0;
     std::thread sleeper([&] {

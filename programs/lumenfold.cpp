@@ -1,9 +1,13 @@
 // The demo: the driver in a window with sound. Reads no command line.
 
+#include "driver/midas.h"
 #include "driver/run.h"
+#include "platform/sdl/message.h"
+#include "programs/process_boundary.h"
 #include "programs/show_folder.h"
 
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 namespace {
@@ -25,6 +29,12 @@ void findShow() {
 } // namespace
 
 int main() {
+    lumenfold::guardProcess();
+    lumenfold::neverWaitForReaders();
     findShow();
-    return lumenfold::enterProgram();
+    const int status = lumenfold::enterProgram();
+    if (status != 0)
+        lumenfold::showMessage(std::string("MIDAS error: ") +
+                               lumenfold::MIDASgetErrorMessage(lumenfold::MIDASgetLastError()));
+    return status;
 }

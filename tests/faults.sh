@@ -9,7 +9,7 @@ work=$(mktemp -d)
 show=$work/show
 trap 'umount "$work/small" 2>/dev/null; rm -rf "$work"' EXIT
 cp -r "$root/show" "$show"
-export SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy
+export SDL_VIDEODRIVER=dummy SDL_AUDIODRIVER=dummy LUMENFOLD_MESSAGE_BOX=0
 bad=0
 
 # The last line of what a program said, without the temporary folder's name.

@@ -1,6 +1,7 @@
 #include "driver/clock.h"
 #include "driver/error_text.h"
 #include "driver/ptc.h"
+#include "platform/sdl/message.h"
 #include "platform/sdl/window.h"
 
 #include <algorithm>
@@ -66,7 +67,9 @@ void Console::close() {
 }
 
 void report(const DynamicError& error) {
-    std::fprintf(stderr, "lumenfold: %s\n", errorText(error).c_str());
+    const std::string text = errorText(error);
+    std::fprintf(stderr, "lumenfold: %s\n", text.c_str());
+    showMessage(text);
 }
 
 } // namespace ptc

@@ -3,8 +3,10 @@
 #include "core/dynamic_error.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstdlib>
 #include <string>
+#include <thread>
 
 namespace lumenfold {
 
@@ -28,7 +30,7 @@ bool reachesScreen() {
 std::int32_t firstFactor(std::int32_t width, std::int32_t height) {
     SDL_Rect desktop{0, 0, width, height};
     SDL_GetDisplayUsableBounds(0, &desktop);
-    return std::max(std::min(desktop.w * 9 / 10 / width, desktop.h * 9 / 10 / height), 1);
+    return std::max(std::min(desktop.w * 8 / 10 / width, desktop.h * 8 / 10 / height), 1);
 }
 
 // Without a window manager there are no borders, and nobody else brings a window to the screen's size.
@@ -45,23 +47,81 @@ SDL_Rect screenOf(SDL_Window* window) {
 
 } // namespace
 
-SDL_Rect placePicture(std::int32_t windowWidth, std::int32_t windowHeight, std::int32_t width, std::int32_t height) {
+SDL_Rect placePicture(std::int32_t windowWidth, std::int32_t windowHeight, std::int32_t width, std::int32_t height,
+                      Scaling scaling) {
     const std::int32_t factor = std::min(windowWidth / width, windowHeight / height);
     SDL_Rect place{0, 0, width * factor, height * factor};
-    if (factor == 0) {
-        const double shrink =
+    if (factor == 0 || scaling == Scaling::fill) {
+        const double fit =
             std::min(static_cast<double>(windowWidth) / width, static_cast<double>(windowHeight) / height);
-        place.w = static_cast<int>(width * shrink);
-        place.h = static_cast<int>(height * shrink);
+        place.w = static_cast<int>(width * fit);
+        place.h = static_cast<int>(height * fit);
     }
     place.x = (windowWidth - place.w) / 2;
     place.y = (windowHeight - place.h) / 2;
     return place;
 }
 
+bool isOrdinaryKey(SDL_Keycode key) {
+    switch (key) {
+    case SDLK_LSHIFT:
+    case SDLK_RSHIFT:
+    case SDLK_LCTRL:
+    case SDLK_RCTRL:
+    case SDLK_LALT:
+    case SDLK_RALT:
+    case SDLK_LGUI:
+    case SDLK_RGUI:
+    case SDLK_MODE:
+    case SDLK_CAPSLOCK:
+    case SDLK_NUMLOCKCLEAR:
+    case SDLK_SCROLLLOCK:
+    case SDLK_PRINTSCREEN:
+    case SDLK_POWER:
+    case SDLK_MUTE:
+    case SDLK_VOLUMEUP:
+    case SDLK_VOLUMEDOWN:
+        return false;
+    default:
+        break;
+    }
+    // the consumer keys of the USB usage tables: media, browser, brightness, keyboard light, eject, sleep, applications
+    const bool consumer = key >= SDLK_AUDIONEXT && key <= SDL_SCANCODE_TO_KEYCODE(SDL_SCANCODE_ENDCALL);
+    return !consumer;
+}
+
+namespace {
+
+// What stands for the demo in a task bar: two folded sheets on a dark ground, as in packaging/lumenfold.svg.
+void setIcon(SDL_Window* window) {
+    constexpr int side = 64;
+    SDL_Surface* const icon = SDL_CreateRGBSurfaceWithFormat(0, side, side, 32, SDL_PIXELFORMAT_ARGB8888);
+    if (icon == nullptr)
+        return;
+    for (int y = 0; y < side; ++y)
+        for (int x = 0; x < side; ++x) {
+            const int crease = 43 - x / 11; // the row of the fold
+            const bool cold = y > 12 - x / 12 && y < crease && x > 8 && 3 * x < 150 + y;
+            const bool warm = y > crease + 1 && y < 57 && x > 8 + (y - crease) * 2 && x < 56 - (y - crease);
+            Uint32 colour = 0xFF05070D;
+            if (cold)
+                colour = 0xFF000000U | static_cast<Uint32>(0x2F + 2 * y) << 16 | 0xB7U << 8 | 0xA8U;
+            if (warm)
+                colour = 0xFFFF8A1E;
+            if (y == crease || y == crease + 1)
+                colour = 0xFFEAF6FF;
+            static_cast<Uint32*>(icon->pixels)[y * icon->pitch / 4 + x] = colour;
+        }
+    SDL_SetWindowIcon(window, icon);
+    SDL_FreeSurface(icon);
+}
+
+} // namespace
+
 Window::Window(const char* title, std::int32_t pictureWidth, std::int32_t pictureHeight, bool startFullscreen)
     : width(pictureWidth), height(pictureHeight),
       pixels(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {
+    SDL_SetHint(SDL_HINT_APP_NAME, "lumenfold"); // as screen savers and sound mixers name it
     SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "nearest");
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
@@ -79,6 +139,7 @@ Window::Window(const char* title, std::int32_t pictureWidth, std::int32_t pictur
                                   SDL_WINDOW_HIDDEN | SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI));
     if (window == nullptr)
         failDisplay("no window");
+    setIcon(window.get());
     SDL_SetWindowMinimumSize(window.get(), width, height);
     if (startFullscreen)
         setFullscreen(true);
@@ -92,6 +153,7 @@ Window::Window(const char* title, std::int32_t pictureWidth, std::int32_t pictur
 }
 
 Window::~Window() {
+    enlarged.reset();
     texture.reset();
     renderer.reset();
     window.reset();
@@ -99,6 +161,7 @@ Window::~Window() {
 }
 
 void Window::makeTexture() {
+    enlarged.reset();
     texture.reset();
     texture.reset(
         SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_STREAMING, width, height));
@@ -122,6 +185,11 @@ void Window::handle(const SDL_Event& event) {
         handleKey(event.key);
         break;
     case SDL_WINDOWEVENT: // while the demo draws nothing, nobody else repairs the window
+        if (event.window.event == SDL_WINDOWEVENT_MINIMIZED || event.window.event == SDL_WINDOWEVENT_HIDDEN)
+            hidden = true;
+        if (event.window.event == SDL_WINDOWEVENT_RESTORED || event.window.event == SDL_WINDOWEVENT_SHOWN ||
+            event.window.event == SDL_WINDOWEVENT_EXPOSED)
+            hidden = false;
         if (event.window.event == SDL_WINDOWEVENT_EXPOSED || event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED)
             draw();
         break;
@@ -138,7 +206,7 @@ void Window::handleKey(const SDL_KeyboardEvent& event) {
     const SDL_Keycode key = event.keysym.sym;
     const bool alt = (event.keysym.mod & KMOD_ALT) != 0;
     const bool toggle = key == SDLK_F11 || (alt && (key == SDLK_RETURN || key == SDLK_KP_ENTER));
-    if (event.repeat != 0 || key == SDLK_LALT || key == SDLK_RALT) // Alt alone may be the first half of Alt+Enter
+    if (event.repeat != 0 || !isOrdinaryKey(key))
         return;
     if (toggle)
         setFullscreen(!fullscreen);
@@ -172,27 +240,61 @@ void Window::draw() {
     int outputWidth = 0;
     int outputHeight = 0;
     SDL_GetRendererOutputSize(renderer.get(), &outputWidth, &outputHeight);
-    const SDL_Rect place = placePicture(outputWidth, outputHeight, width, height);
+    const SDL_Rect place = placePicture(outputWidth, outputHeight, width, height, scaling());
     SDL_SetRenderDrawColor(renderer.get(), 0, 0, 0, SDL_ALPHA_OPAQUE);
     SDL_RenderClear(renderer.get());
-    SDL_RenderCopy(renderer.get(), texture.get(), nullptr, &place);
+    copyPicture(place);
     SDL_RenderPresent(renderer.get());
+}
+
+// By a whole factor every pixel stays a square. Otherwise the picture is enlarged by the next whole factor first and
+// that is filtered down, which keeps its pixels' edges sharp.
+void Window::copyPicture(const SDL_Rect& place) {
+    if (place.w % width == 0 && place.h % height == 0) {
+        SDL_RenderCopy(renderer.get(), texture.get(), nullptr, &place);
+        return;
+    }
+    const int factor = place.w / width + 1;
+    int madeWidth = 0;
+    if (enlarged == nullptr || SDL_QueryTexture(enlarged.get(), nullptr, nullptr, &madeWidth, nullptr) != 0 ||
+        madeWidth != width * factor) {
+        enlarged.reset(SDL_CreateTexture(renderer.get(), SDL_PIXELFORMAT_RGB888, SDL_TEXTUREACCESS_TARGET,
+                                         width * factor, height * factor));
+        if (enlarged != nullptr)
+            SDL_SetTextureScaleMode(enlarged.get(), SDL_ScaleModeLinear);
+    }
+    if (enlarged == nullptr || SDL_SetRenderTarget(renderer.get(), enlarged.get()) != 0) {
+        SDL_RenderCopy(renderer.get(), texture.get(), nullptr, &place);
+        return;
+    }
+    SDL_RenderCopy(renderer.get(), texture.get(), nullptr, nullptr);
+    SDL_SetRenderTarget(renderer.get(), nullptr);
+    SDL_RenderCopy(renderer.get(), enlarged.get(), nullptr, &place);
+}
+
+// A window keeps whole factors; a full screen is filled. The viewer's wish comes first.
+Scaling Window::scaling() const {
+    const char* const wish = std::getenv("LUMENFOLD_SCALING");
+    if (wish != nullptr && std::string(wish) == "whole")
+        return Scaling::whole;
+    if (wish != nullptr && std::string(wish) == "fill")
+        return Scaling::fill;
+    return fullscreen ? Scaling::fill : Scaling::whole;
 }
 
 void Window::present() {
     waitForTurn();
-    draw();
+    if (!hidden)
+        draw();
 }
 
 // Turns come on a grid of 1/60 s; whoever misses one starts a new grid, so that no turns are made up for in a rush.
 void Window::waitForTurn() {
     const std::uint64_t frequency = SDL_GetPerformanceFrequency();
     const std::uint64_t period = (frequency + picturesPerSecond - 1) / picturesPerSecond;
-    const std::uint64_t nearly = frequency / 500; // what is left of the wait when sleeping becomes too coarse
     std::uint64_t now = SDL_GetPerformanceCounter();
     while (now < due) {
-        const std::uint64_t left = due - now;
-        SDL_Delay(left > nearly ? static_cast<Uint32>((left - nearly) * 1000 / frequency) : 0);
+        std::this_thread::sleep_for(std::chrono::nanoseconds((due - now) * 1000000000 / frequency));
         now = SDL_GetPerformanceCounter();
     }
     due = (due != 0 && now - due < period ? due : now) + period;

@@ -9,9 +9,19 @@
 
 namespace lumenfold {
 
-// Where the picture lies in a window of the given size: enlarged by the largest whole factor that fits and centred. In
-// a window smaller than the picture it shrinks, its shape kept.
-SDL_Rect placePicture(std::int32_t windowWidth, std::int32_t windowHeight, std::int32_t width, std::int32_t height);
+enum class Scaling {
+    whole, // enlarged by the largest whole factor that fits
+    fill   // enlarged until the height or the width is full, its shape kept
+};
+
+// Where the picture lies in a window of the given size, centred. In a window smaller than the picture it shrinks, its
+// shape kept.
+SDL_Rect placePicture(std::int32_t windowWidth, std::int32_t windowHeight, std::int32_t width, std::int32_t height,
+                      Scaling scaling = Scaling::whole);
+
+// Whether a key is one that a viewer presses to end the show: not a modifier, nor a key for volume, brightness, media
+// or power.
+bool isOrdinaryKey(SDL_Keycode key);
 
 // The window that shows the demo, with what the viewer does to it: Alt+Enter and F11 toggle full screen, everything
 // else that asks for the end counts as the key press that the demo waits for. Failures throw DynamicError.
@@ -44,18 +54,22 @@ class Window {
     void setFullscreen(bool on);
     void place(const SDL_Rect& area);
     void draw();
+    void copyPicture(const SDL_Rect& place);
+    Scaling scaling() const;
     void waitForTurn();
 
     std::int32_t width;
     std::int32_t height;
     bool fullscreen = false;
     bool pressed = false;
+    bool hidden = false; // minimised or unmapped: nothing is presented
     SDL_Rect windowed{}; // place outside full screen
     std::vector<Pixel32> pixels;
     std::unique_ptr<SDL_Window, Destroy> window;
     std::unique_ptr<SDL_Renderer, Destroy> renderer;
     std::unique_ptr<SDL_Texture, Destroy> texture;
-    std::uint64_t due = 0; // counter reading before which the next picture is not shown
+    std::unique_ptr<SDL_Texture, Destroy> enlarged; // for Scaling::fill: the picture by the next whole factor
+    std::uint64_t due = 0;                          // counter reading before which the next picture is not shown
 };
 
 } // namespace lumenfold

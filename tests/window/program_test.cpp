@@ -44,6 +44,25 @@ TEST_F(Program, AKeyEndsIt) {
     EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(), 3.0 + 1.5);
 }
 
+TEST_F(Program, StandardOutputNeverHoldsItUp) {
+    for (const char* output : {">&-", ">/dev/full", "2>&1 | sleep 5"}) { // closed, full, and a pipe that nobody reads
+        int status = -1;
+        outputOf("cd '" + folder.string() + "' && (sleep 2.5; xdotool key space) & cd '" + folder.string() +
+                     "' && timeout 20 " LUMENFOLD_PROGRAM " " + output + "; exit $?",
+                 &status);
+        EXPECT_EQ(status, 0) << output;
+    }
+}
+
+TEST_F(Program, AHangUpEndsIt) {
+    int status = -1;
+    outputOf("cd '" + folder.string() +
+                 "' && { " LUMENFOLD_PROGRAM " >/dev/null 2>&1 & p=$!; sleep 2.5; kill -HUP $p; "
+                 "wait $p; exit $?; }",
+             &status);
+    EXPECT_EQ(status, 0);
+}
+
 // All pictures that the scenes name. (Objects name more of their own.)
 const char* const pictures[] = {
     "goodlog512a.jpg", "skum3.jpg",    "circ3.jpg",          "cptext6.pcx",    "bfs1.pcx",      "bfs0.pcx",

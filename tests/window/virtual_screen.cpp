@@ -52,6 +52,7 @@ std::string outputOf(const std::string& command, int* status) {
 }
 
 VirtualScreen::VirtualScreen() {
+    setenv("LUMENFOLD_MESSAGE_BOX", "0", 1); // nobody is there to close one
     for (const char* tool : {"Xvfb", "xdotool", "import", "openbox"})
         if (outputOf(std::string("command -v ") + tool).empty()) {
             reason = std::string(tool) + " is not installed";

@@ -44,6 +44,27 @@ TEST(PlacePicture, LargestWholeFactorCentred) {
     }
 }
 
+TEST(PlacePicture, AFullScreenIsFilled) {
+    const SDL_Rect wide = placePicture(1920, 1080, width, height, Scaling::fill);
+    EXPECT_TRUE(wide.x == 240 && wide.y == 0 && wide.w == 1440 && wide.h == 1080);
+    const SDL_Rect tall = placePicture(800, 1280, width, height, Scaling::fill);
+    EXPECT_TRUE(tall.x == 0 && tall.y == 340 && tall.w == 800 && tall.h == 600);
+}
+
+TEST(Keys, OnlyOrdinaryKeysEndTheShow) {
+    for (const SDL_Keycode key : std::initializer_list<SDL_Keycode>{
+             SDLK_SPACE, SDLK_RETURN, SDLK_ESCAPE, SDLK_a, SDLK_F1, SDLK_LEFT, SDLK_KP_0, SDLK_TAB, SDLK_DELETE,
+             SDLK_BACKSPACE, SDL_SCANCODE_TO_KEYCODE(SDL_SCANCODE_HOME)})
+        EXPECT_TRUE(isOrdinaryKey(key)) << SDL_GetKeyName(key);
+    for (const SDL_Keycode key :
+         {SDLK_LSHIFT,           SDLK_RCTRL,     SDLK_LALT,      SDLK_RGUI,         SDLK_CAPSLOCK,
+          SDLK_NUMLOCKCLEAR,     SDLK_MODE,      SDLK_MUTE,      SDLK_VOLUMEUP,     SDLK_VOLUMEDOWN,
+          SDLK_AUDIONEXT,        SDLK_AUDIOPLAY, SDLK_AUDIOMUTE, SDLK_BRIGHTNESSUP, SDLK_BRIGHTNESSDOWN,
+          SDLK_KBDILLUMUP,       SDLK_EJECT,     SDLK_SLEEP,     SDLK_CALCULATOR,   SDLK_AC_HOME,
+          SDLK_AUDIOFASTFORWARD, SDLK_POWER})
+        EXPECT_FALSE(isOrdinaryKey(key)) << SDL_GetKeyName(key);
+}
+
 class OnScreen : public testing::TestWithParam<bool> {
   protected:
     void SetUp() override {
@@ -55,6 +76,7 @@ class OnScreen : public testing::TestWithParam<bool> {
 
     void open(const char* output) {
         setenv("LUMENFOLD_OUTPUT", output, 1);
+        setenv("LUMENFOLD_SCALING", "whole", 1); // whose pixels can be told apart
         console.option("fullscreen output");
         console.option("center nearest");
         console.open("window test", width, height, {});
@@ -151,13 +173,38 @@ TEST_P(OnScreen, ClearShowsBlack) {
 }
 
 TEST_P(OnScreen, SignalsAreKeyPresses) {
-    for (const int signal : {SIGTERM, SIGINT}) {
+    for (const int signal : {SIGTERM, SIGINT}) { // SIGHUP arrives as SIGTERM
         open("windowed");
         EXPECT_FALSE(pressed);
         raise(signal);
         awaitPress();
         console.close();
     }
+}
+
+TEST_P(OnScreen, ModifiersAndRepeatsAreNoKeyPress) {
+    open("windowed");
+    perform("key shift key ctrl key super key Caps_Lock key Caps_Lock key XF86AudioRaiseVolume key XF86AudioPlay");
+    EXPECT_FALSE(pressed);
+    perform("key F11 key F11"); // there and back
+    EXPECT_FALSE(pressed);
+    perform("keydown a");
+    awaitPress();
+    perform("keyup a");
+}
+
+TEST_P(OnScreen, TheFilledScreenReachesItsEdges) {
+    open("fullscreen");
+    setenv("LUMENFOLD_SCALING", "fill", 1);
+    std::vector<Pixel32> seen;
+    bool full = false;
+    for (int i = 0; i < 10 && !full; ++i) {
+        show(0.2);
+        seen = VirtualScreen::photograph();
+        full = seen[VirtualScreen::width / 2] != 0 &&
+               seen[static_cast<std::size_t>(VirtualScreen::width) * (VirtualScreen::height - 1) + 800] != 0;
+    }
+    EXPECT_TRUE(full); // 1600 x 1200 has the picture's shape
 }
 
 TEST_P(OnScreen, WindowSizes) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cairo.h>
+#include <utility>
 #include <vector>
 
 namespace lumenfold::art {
@@ -49,8 +50,12 @@ void letterHoles(const Canvas& canvas) {
             const double x = column == 0 ? -18 : 530 - wide;
             canvas.text(x, row == 0 ? 196 : 408, letter, Face::StrongBold, size);
         }
-    cairo_arc(canvas.cairo(), 256, 192, 118, 0, turn);
-    cairo_fill(canvas.cairo());
+    for (const auto& [radius, rgb] :
+         {std::pair{146.0, 0x000000U}, std::pair{124.0, 0xFFFFFFU}}) { // a ring of ink around it
+        canvas.ink(rgb);
+        cairo_arc(canvas.cairo(), 256, 192, radius, 0, turn);
+        cairo_fill(canvas.cairo());
+    }
 }
 
 // How far a pixel is from the nearest hole, for the first few pixels: the bevel of the cut.

@@ -1,11 +1,12 @@
 // lumenfold-bench: one table of what the demo's parts cost.
 
 #include "bench/sections.h"
+#include "programs/command_line.h"
 #include "programs/show_folder.h"
 
+#include <CLI/CLI.hpp>
+
 #include <cstdio>
-#include <cstring>
-#include <exception>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -28,48 +29,33 @@ constexpr Section sections[] = {
 struct Options {
     bool peers = false;
     Report::Format format = Report::Format::Table;
-    std::filesystem::path show = std::filesystem::exists(LUMENFOLD_SHOW) ? LUMENFOLD_SHOW : installedShow();
+    std::string show = std::filesystem::exists(LUMENFOLD_SHOW) ? LUMENFOLD_SHOW : installedShow().string();
     std::vector<std::string> wanted; // empty: all
-    bool help = false;
+    std::string answer;              // to --help or --version: printed instead
 };
 
-void printUsage(std::FILE* stream) {
-    std::fprintf(stream, "usage: lumenfold-bench [--peers] [--csv] [--show FOLDER] [SECTION...]\n"
-                         "  --peers        set other programs' code beside the demo's\n"
-                         "  --csv          name,value,unit,peer,peer value,ratio\n"
-                         "  --show FOLDER  the demo's pictures and objects\n"
-                         "  --help         print this\n"
-                         "  sections:     ");
+std::vector<std::string> sectionNames() {
+    std::vector<std::string> names;
     for (const Section& section : sections)
-        std::fprintf(stream, " %s", section.name);
-    std::fprintf(stream, "\n");
+        names.emplace_back(section.name);
+    return names;
 }
 
-bool isSection(const std::string& name) {
-    for (const Section& section : sections) {
-        if (name == section.name)
-            return true;
-    }
-    return false;
-}
-
-bool parse(int count, char** arguments, Options& options) {
-    for (int i = 1; i < count; ++i) {
-        const std::string argument = arguments[i];
-        if (argument == "--peers")
-            options.peers = true;
-        else if (argument == "--csv")
-            options.format = Report::Format::Csv;
-        else if (argument == "--show" && i + 1 < count)
-            options.show = arguments[++i];
-        else if (argument == "--help")
-            options.help = true;
-        else if (isSection(argument))
-            options.wanted.push_back(argument);
-        else
-            return false;
-    }
-    return true;
+Options parse(const std::vector<std::string>& words) {
+    Options options;
+    bool csv = false;
+    CLI::App program("Prints what each part of the demo costs.", "lumenfold-bench");
+    program.add_flag("--peers", options.peers, "set other programs' code beside the demo's");
+    program.add_flag("--csv", csv, "name,value,unit,peer,peer value,ratio");
+    program.add_option("--show", options.show, "the demo's pictures and objects")
+        ->option_text("FOLDER")
+        ->check(CLI::ExistingDirectory);
+    program.add_option("section", options.wanted, "all unless named: " + CLI::detail::join(sectionNames(), ", "))
+        ->option_text("SECTION...")
+        ->check(CLI::IsMember(sectionNames()));
+    options.answer = parseCommandLine(program, words);
+    options.format = csv ? Report::Format::Csv : Report::Format::Table;
+    return options;
 }
 
 void measure(const Options& options) {
@@ -89,20 +75,11 @@ void measure(const Options& options) {
 } // namespace lumenfold::bench
 
 int main(int count, char** arguments) {
-    lumenfold::bench::Options options;
-    if (!lumenfold::bench::parse(count, arguments, options)) {
-        lumenfold::bench::printUsage(stderr);
-        return 2;
-    }
-    if (options.help) {
-        lumenfold::bench::printUsage(stdout);
+    return lumenfold::runTool("lumenfold-bench", [&] {
+        const auto options = lumenfold::bench::parse({arguments + 1, arguments + count});
+        if (options.answer.empty())
+            lumenfold::bench::measure(options);
+        std::fputs(options.answer.c_str(), stdout);
         return 0;
-    }
-    try {
-        lumenfold::bench::measure(options);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "lumenfold-bench: %s\n", error.what());
-        return 1;
-    }
-    return 0;
+    });
 }

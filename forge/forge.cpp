@@ -2,11 +2,13 @@
 #include "forge/checks.h"
 #include "forge/picture.h"
 #include "forge/recipe.h"
+#include "programs/command_line.h"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <filesystem>
 
@@ -14,17 +16,13 @@ using namespace lumenfold::art;
 
 namespace {
 
-constexpr const char* usage =
-    "usage: lumenfold-forge [--out DIR] [--quick] [NAME...]   make the named files, or all of them\n"
-    "       lumenfold-forge --list                  list what can be made\n"
-    "       lumenfold-forge [--out DIR] --check     verify what lies in DIR\n"
-    "--quick looks at pictures with few samples; DIR is show/ in the source tree, or here, unless given.\n";
-
 struct Options {
     std::string directory = std::filesystem::exists(LUMENFOLD_SHOW) ? LUMENFOLD_SHOW : "show";
     bool list = false;
     bool check = false;
+    bool quick = false;
     std::vector<std::string> names;
+    std::string answer; // to --help or --version: printed instead
 };
 
 // Makes the files whose names are given, all if none is. Returns the number of failures.
@@ -40,6 +38,8 @@ int make(const Options& options) {
             ++failures;
         }
     }
+    if (failures > 0)
+        return failures; // before anything is made
     std::filesystem::create_directories(options.directory);
     for (const Recipe& recipe : all) {
         const auto& names = options.names;
@@ -62,40 +62,39 @@ int make(const Options& options) {
     return failures;
 }
 
-Options optionsOf(int count, char** arguments) {
+Options optionsOf(const std::vector<std::string>& words) {
     Options options;
-    for (int i = 1; i < count; ++i) {
-        const std::string argument = arguments[i];
-        if (argument == "--out" && i + 1 < count) {
-            options.directory = arguments[++i];
-        } else if (argument == "--quick") { // few samples per pixel, for a fast look
-            renderQuickly();
-        } else if (argument == "--list") {
-            options.list = true;
-        } else if (argument == "--check") {
-            options.check = true;
-        } else if (argument.rfind("--", 0) == 0) {
-            std::fputs(usage, argument == "--help" ? stdout : stderr);
-            std::exit(argument == "--help" ? 0 : 2);
-        } else {
-            options.names.push_back(argument);
-        }
-    }
+    CLI::App program("Makes the named files of the show, or all of them, or verifies those that are there.",
+                     "lumenfold-forge");
+    program.add_option("name", options.names, "files to make; --list shows them")->option_text("NAME...");
+    program.add_option("--out", options.directory, "where they are, " + options.directory + " unless given")
+        ->option_text("DIR");
+    CLI::Option* quick = program.add_flag("--quick", options.quick, "pictures with few samples, for a fast look");
+    CLI::Option* list = program.add_flag("--list", options.list, "list what can be made");
+    program.add_flag("--check", options.check, "verify what lies in DIR")->excludes(quick)->excludes(list);
+    options.answer = lumenfold::parseCommandLine(program, words);
     return options;
+}
+
+int work(const Options& options) {
+    if (options.list) {
+        for (const Recipe& recipe : allRecipes())
+            std::printf("%-20s %s\n", recipe.fileName, recipe.cheap ? "" : "slow");
+        return 0;
+    }
+    if (options.check)
+        return runChecks(options.directory) == 0 ? 0 : 1;
+    if (options.quick)
+        renderQuickly();
+    return make(options) == 0 ? 0 : 1;
 }
 
 } // namespace
 
 int main(int count, char** arguments) {
-    const Options options = optionsOf(count, arguments);
-    if (options.list) {
-        for (const Recipe& recipe : allRecipes()) {
-            std::printf("%-20s %s\n", recipe.fileName, recipe.cheap ? "" : "slow");
-        }
-        return 0;
-    }
-    if (options.check) {
-        return runChecks(options.directory) == 0 ? 0 : 1;
-    }
-    return make(options) == 0 ? 0 : 1;
+    return lumenfold::runTool("lumenfold-forge", [&] {
+        const Options options = optionsOf({arguments + 1, arguments + count});
+        std::fputs(options.answer.c_str(), stdout);
+        return options.answer.empty() ? work(options) : 0;
+    });
 }

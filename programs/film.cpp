@@ -1,20 +1,16 @@
 #include "programs/film.h"
 
 #include "driver/show.h"
+#include "programs/system.h"
 
 #include <algorithm>
-#include <csignal>
 #include <cstddef>
+#include <exception>
+#include <stdexcept>
 
 namespace lumenfold::film {
 
 namespace {
-
-volatile std::sig_atomic_t interruptSeen = 0;
-
-void noteInterrupt(int) {
-    interruptSeen = 1;
-}
 
 std::int32_t presentedPart() {
     return presentedFrame.scene != nullptr ? presentedFrame.scene->part : noPart;
@@ -22,17 +18,7 @@ std::int32_t presentedPart() {
 
 } // namespace
 
-void catchInterrupts() {
-    std::signal(SIGINT, noteInterrupt);
-    std::signal(SIGTERM, noteInterrupt);
-}
-
-bool interrupted() {
-    return interruptSeen != 0;
-}
-
-Film::Film(const Options& filmOptions)
-    : options(filmOptions), factor(options.object.empty() ? static_cast<std::int32_t>(options.scale) : 1) {}
+Film::Film(const Options& filmOptions) : options(filmOptions), factor(options.factor()) {}
 
 bool Film::asked(std::int64_t number, std::int32_t part) const {
     const double second = static_cast<double>(number) / options.fps;
@@ -50,16 +36,16 @@ void Film::endIfDone(std::int64_t number, std::int32_t part) {
 const Pixel32* Film::enlarged(const Pixel32* pixels, std::int32_t width, std::int32_t height) {
     if (factor == 1)
         return pixels;
-    large.clear();
+    largePixels.clear();
     for (std::int32_t row = 0; row < height; ++row) {
-        const auto rowStart = static_cast<std::ptrdiff_t>(large.size());
+        const auto rowStart = static_cast<std::ptrdiff_t>(largePixels.size());
         for (std::int32_t x = 0; x < width; ++x)
-            large.insert(large.end(), static_cast<std::size_t>(factor), pixels[row * width + x]);
-        const std::vector<Pixel32> line(large.begin() + rowStart, large.end());
+            largePixels.insert(largePixels.end(), static_cast<std::size_t>(factor), pixels[row * width + x]);
+        const std::vector<Pixel32> line(largePixels.begin() + rowStart, largePixels.end());
         for (std::int32_t copy = 1; copy < factor; ++copy)
-            large.insert(large.end(), line.begin(), line.end());
+            largePixels.insert(largePixels.end(), line.begin(), line.end());
     }
-    return large.data();
+    return largePixels.data();
 }
 
 void Film::frame(std::int64_t number, const Pixel32* pixels, std::int32_t width, std::int32_t height) {
@@ -69,10 +55,13 @@ void Film::frame(std::int64_t number, const Pixel32* pixels, std::int32_t width,
     taken = asked(number, part);
     if (!taken)
         return;
-    const Pixel32* picture = enlarged(pixels, width, height);
-    const Frame frame{number, presentedFrame.time, part, picture, width * factor, height * factor};
+    ++made;
+    const Frame small{number, presentedFrame.time, part, pixels, width, height};
+    const bool needLarge = std::any_of(outputs.begin(), outputs.end(), [](auto& o) { return !o->enlargesItself(); });
+    const Frame large{number,         presentedFrame.time, part, needLarge ? enlarged(pixels, width, height) : pixels,
+                      width * factor, height * factor};
     for (const auto& output : outputs)
-        output->frame(frame);
+        output->frame(output->enlargesItself() ? small : large);
 }
 
 void Film::sound(const float* samples, std::size_t frames) {
@@ -89,8 +78,28 @@ void Film::sync(std::int64_t number, const SyncCommand& command) {
 
 void Film::finish() {
     progress.finish();
+    if (made == 0)
+        throw std::runtime_error(interrupted() ? "interrupted before the first frame that was asked for"
+                                               : "no frame was made: the show ends before what was asked for");
+    std::exception_ptr failure;
+    for (const auto& output : outputs) {
+        try {
+            output->finish();
+        } catch (...) { // the other outputs are as good as they were
+            if (!failure)
+                failure = std::current_exception();
+        }
+    }
+    if (failure)
+        std::rethrow_exception(failure);
+}
+
+std::vector<std::string> Film::written() const {
+    std::vector<std::string> lines;
     for (const auto& output : outputs)
-        output->finish();
+        if (std::string line = output->written(); !line.empty())
+            lines.push_back(std::move(line));
+    return lines;
 }
 
 } // namespace lumenfold::film

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace lumenfold::film {
@@ -20,14 +21,18 @@ class Film : public FrameSink {
 
     void add(std::unique_ptr<Output> output) { outputs.push_back(std::move(output)); }
 
-    // The number of frames that the progress bar counts towards; 0: unknown.
-    void expect(std::int64_t frames) { progress.expect(frames); }
+    // The number of the frame after the last one, for the progress bar; 0: unknown.
+    void expectEnd(std::int64_t end) { progress.expectEnd(end); }
 
     void frame(std::int64_t number, const Pixel32* pixels, std::int32_t width, std::int32_t height) override;
     void sound(const float* samples, std::size_t frames) override;
     void sync(std::int64_t number, const SyncCommand& command) override;
 
+    // The film is over. Throws if it has no frame, and what the outputs throw, after all of them.
     void finish();
+
+    // What lies where, after finish.
+    std::vector<std::string> written() const;
 
   private:
     bool asked(std::int64_t number, std::int32_t part) const;
@@ -37,14 +42,11 @@ class Film : public FrameSink {
     const Options& options;
     std::int32_t factor; // of the picture
     std::vector<std::unique_ptr<Output>> outputs;
-    std::vector<Pixel32> large;
-    bool taken = false;   // the frame whose sound comes next
-    bool reached = false; // the part that was asked for
+    std::vector<Pixel32> largePixels;
+    std::int64_t made = 0; // frames
+    bool taken = false;    // the frame whose sound comes next
+    bool reached = false;  // the part that was asked for
     Progress progress;
 };
-
-// Ctrl-C or a request to end: the running film stops at its next frame and is finished.
-void catchInterrupts();
-bool interrupted();
 
 } // namespace lumenfold::film

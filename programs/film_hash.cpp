@@ -2,8 +2,11 @@
 
 #include "programs/film_output.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <stdexcept>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -47,14 +50,13 @@ class HashLines : public Output {
         Pending& slot = pending[filled++];
         slot.frame = frame;
         slot.pixels.assign(frame.pixels, frame.pixels + frame.width * frame.height);
-        if (filled == hashLanes)
-            print();
+        if (filled == hashLanes && !print())
+            fail();
     }
 
     void finish() override {
-        print();
-        if (std::fflush(stream) != 0)
-            throw std::runtime_error("the hashes cannot be written");
+        if (!print() || std::fflush(stream) != 0)
+            fail();
     }
 
   private:
@@ -63,9 +65,14 @@ class HashLines : public Output {
         std::vector<Pixel32> pixels;
     };
 
-    void print() {
+    [[noreturn]] static void fail() {
+        throw std::runtime_error(std::string("the hashes cannot be written: ") + std::strerror(errno));
+    }
+
+    // False if they could not be written.
+    bool print() {
         if (filled == 0)
-            return;
+            return true;
         std::array<const Pixel32*, hashLanes> pictures;
         for (std::size_t lane = 0; lane < hashLanes; ++lane)
             pictures[lane] = pending[lane < filled ? lane : 0].pixels.data();
@@ -75,6 +82,7 @@ class HashLines : public Output {
                          static_cast<double>(pending[lane].frame.time), pending[lane].frame.part,
                          static_cast<unsigned long long>(hashes[lane]));
         filled = 0;
+        return std::ferror(stream) == 0;
     }
 
     std::FILE* stream;

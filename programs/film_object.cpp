@@ -12,17 +12,10 @@ namespace lumenfold::film {
 
 namespace {
 
-// FILE[,TEXTURE[,TEXTURE]]
 Turntable::Subject subjectOf(const Options& options) {
-    std::vector<std::string> names{""};
-    for (const char letter : options.object) {
-        if (letter == ',')
-            names.emplace_back();
-        else
-            names.back() += letter;
-    }
-    names.resize(3);
-    return {names[0], names[1], names[2], options.mode, static_cast<float>(options.scale)};
+    std::vector<std::string> textures = options.textures;
+    textures.resize(2);
+    return {options.object, textures[0], textures[1], options.mode, static_cast<float>(options.scale)};
 }
 
 std::string describe(const Turntable& turntable) {
@@ -47,8 +40,8 @@ std::string filmObject(Film& film, const Options& options) {
     Display display;
     display.console.open("turntable", Turntable::width, Turntable::height, display.format);
     stage().begin(&film, options.fps);
-    const auto frames = static_cast<int>(std::lround(options.seconds * options.fps));
-    film.expect(frames);
+    const auto frames = static_cast<int>(frameCount(options));
+    film.expectEnd(frames);
     std::vector<Pixel32> pixels(std::size_t{Turntable::width} * Turntable::height);
     for (int frame = 0; frame < frames && !stage().keyWaiting(); ++frame) {
         turntable.draw(frame, frames, pixels.data());

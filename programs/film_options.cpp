@@ -1,168 +1,242 @@
 #include "programs/film_options.h"
 
 #include "core/sync_values.h"
+#include "driver/scene_table.h"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
+#include <filesystem>
+#include <map>
 
 namespace lumenfold::film {
 
 namespace {
 
-double toNumber(const std::string& text, double least, double most) {
-    std::size_t used = 0;
-    double value = 0.0;
-    try {
-        value = std::stod(text, &used);
-    } catch (const std::logic_error&) {
-        used = 0;
-    }
-    if (used == 0 || used != text.size() || !(value >= least && value <= most))
-        throw UsageError("\"" + text + "\" is not a number from " + std::to_string(least) + " to " +
-                         std::to_string(most));
-    return value;
-}
+constexpr double manySeconds = 100000.0;
+constexpr double manyUnits = 1e6;
+constexpr std::size_t mostTextures = 2;
 
-std::int32_t toWhole(const std::string& text, std::int32_t least, std::int32_t most) {
-    const double value = toNumber(text, least, most);
-    if (value != std::floor(value))
-        throw UsageError("\"" + text + "\" is not a whole number");
-    return static_cast<std::int32_t>(value);
+const std::map<std::string, Preset> presets{
+    {"fast", Preset::Fast}, {"good", Preset::Good}, {"archive", Preset::Archive}};
+
+constexpr const char* description =
+    "Films the show frame by frame and sample by sample, without window and sound device.\n\n"
+    "OUTPUT is a film with sound (.mp4, .mkv, .webm; needs ffmpeg), its sound alone (.wav) or a folder for\n"
+    "numbered PNG pictures, which is made if need be.\n\n"
+    "Everything is written under another name beside OUTPUT and renamed at the end, so a run that fails leaves an\n"
+    "earlier film as it was. Pictures move into the folder at the end: they replace those of the same numbers, and\n"
+    "others that lie there stay and are reported. Ctrl-C, SIGTERM and SIGHUP end the film early; what was filmed\n"
+    "until then is finished and gets the wanted name.\n";
+
+std::vector<std::string> split(const std::string& text, char separator) {
+    std::vector<std::string> items{""};
+    for (const char letter : text) {
+        if (letter == separator)
+            items.emplace_back();
+        else
+            items.back() += letter;
+    }
+    return items;
 }
 
 // VALUE@UNITS,VALUE@UNITS,...
 std::vector<ScriptedSync> toSyncs(const std::string& text) {
     std::vector<ScriptedSync> syncs;
-    std::size_t begin = 0;
-    while (begin < text.size()) {
-        const std::size_t end = std::min(text.find(',', begin), text.size());
-        const std::string item = text.substr(begin, end - begin);
-        const std::size_t at = item.find('@');
-        if (at == std::string::npos)
-            throw UsageError("\"" + item + "\" is not VALUE@UNITS");
-        syncs.push_back(
-            {static_cast<std::uint32_t>(toWhole(item.substr(0, at), 0, 255)), toNumber(item.substr(at + 1), 0.0, 1e6)});
-        begin = end + 1;
+    for (const std::string& item : split(text, ',')) {
+        const std::vector<std::string> parts = split(item, '@');
+        if (parts.size() != 2)
+            throw CLI::ValidationError("--sync", "\"" + item + "\" is not VALUE@UNITS");
+        std::string value = parts[0];
+        std::string fault = wholeNumberFrom(0, 255)(value);
+        std::string units = parts[1];
+        if (fault.empty())
+            fault = numberFrom(0, manyUnits)(units);
+        if (!fault.empty())
+            throw CLI::ValidationError("--sync", fault);
+        syncs.push_back({static_cast<std::uint32_t>(std::stoul(value)), std::stod(units)});
     }
     return syncs;
 }
 
-constexpr double manySeconds = 100000.0;
-
-struct Option {
-    const char* name;
-    const char* argument; // null: none
-    const char* help;
-    void (*apply)(Options& options, const std::string& argument);
-};
-
-const std::array<Option, 17> table{{
-    {"--fps", "N", "frames a second, 1 to 1000 (60)",
-     [](Options& o, const std::string& a) { o.fps = toWhole(a, 1, 1000); }},
-    {"--from", "S", "leave out what comes before this second",
-     [](Options& o, const std::string& a) { o.from = toNumber(a, 0.0, manySeconds); }},
-    {"--to", "S", "end at this second (1800)",
-     [](Options& o, const std::string& a) { o.to = toNumber(a, 0.0, manySeconds); }},
-    {"--part", "N", "only this part of the show; the last one is the end scroller",
-     [](Options& o, const std::string& a) { o.part = toWhole(a, 1, scrollerPart); }},
-    {"--scale", "N", "enlarge the picture by a whole factor, 1 to 8 (1); with --object the object's scale",
-     [](Options& o, const std::string& a) { o.scale = toNumber(a, 0.0, 1e6); }},
-    {"--hash", nullptr,
-     "print a line for every frame: number, demo time, part (0 loading), and the 64-bit FNV-1a hash of blue,\n"
-     "green and red of all pixels",
-     [](Options& o, const std::string&) { o.hash = true; }},
-    {"--sheet", "FILE.png", "write a contact sheet with labelled moments of every part",
-     [](Options& o, const std::string& a) { o.sheet = a; }},
-    {"--timeline", nullptr, "print the parts with their times, frames and sync commands",
-     [](Options& o, const std::string&) { o.timeline = true; }},
-    {"--scene", "NAME", "one scene alone, after every scene has loaded; --scene list names them",
-     [](Options& o, const std::string& a) { o.scene = a; }},
-    {"--sync", "VALUE@UNITS,...", "sync values for the scene, in demo-time units (15.68 a second) from its first frame",
-     [](Options& o, const std::string& a) { o.syncs = toSyncs(a); }},
-    {"--seconds", "S", "length of the scene or turntable (10)",
-     [](Options& o, const std::string& a) { o.seconds = toNumber(a, 0.0, manySeconds); }},
-    {"--start", "UNITS", "demo time of the scene's first frame (0)",
-     [](Options& o, const std::string& a) { o.start = toNumber(a, 0.0, 1e6); }},
-    {"--object", "FILE[,TEXTURE[,TEXTURE]]", "an object on a turntable; with textures it is prepared for them",
-     [](Options& o, const std::string& a) { o.object = a; }},
-    {"--mode", "N", "drawing mode of the turntable's object, as 0x19 or 25",
-     [](Options& o, const std::string& a) { o.mode = static_cast<std::uint32_t>(std::stoul(a, nullptr, 0)); }},
-    {"--show", "FOLDER", "where the show's files are (./show, this folder, or where it was installed)",
-     [](Options& o, const std::string& a) { o.showFolder = a; }},
-    {"--plain", nullptr, "without the processor's vector instructions; the pictures are the same",
-     [](Options& o, const std::string&) { o.plain = true; }},
-    {"--help", nullptr, "print this", [](Options& o, const std::string&) { o.help = true; }},
-}};
-
-const Option* findOption(const std::string& name) {
-    for (const Option& option : table)
-        if (name == option.name)
-            return &option;
-    return nullptr;
+// FILE[,TEXTURE[,TEXTURE]]
+void takeObject(Options& options, const std::string& text) {
+    options.textures = split(text, ',');
+    if (options.textures.size() > 1 + mostTextures)
+        throw CLI::ValidationError("--object", "\"" + text + "\" has more than two textures");
+    for (const std::string& name : options.textures)
+        if (name.empty())
+            throw CLI::ValidationError("--object", "\"" + text + "\" has an empty name");
+    options.object = options.textures.front();
+    options.textures.erase(options.textures.begin());
 }
 
-void checkTogether(const Options& options) {
+std::string sceneNames() {
+    std::string names;
+    for (const SceneRow& row : sceneTable())
+        names += std::string("  ") + row.name + "\n";
+    return names;
+}
+
+void checkScene(const std::string& name) {
+    for (const SceneRow& row : sceneTable())
+        if (name == row.name)
+            return;
+    throw UsageError("--scene: no scene is called " + name + "; there are\n" + sceneNames());
+}
+
+void addOptions(CLI::App& program, Options& options) {
+    program.add_option("output", options.output, "film, sound file or folder")->option_text("OUTPUT");
+    CLI::Option* preset =
+        program
+            .add_option_function<std::string>(
+                "--preset", [&options](const std::string& name) { options.preset = presets.at(name); },
+                "fast: quickly encoded, a larger file; good (unless given): slower, smaller; archive: every pixel "
+                "and sample as it was, .mkv only")
+            ->option_text("fast|good|archive")
+            ->check(CLI::IsMember(&presets));
+    CLI::Option* scale = program
+                             .add_option("--scale", options.scale,
+                                         "enlarge the picture by a whole factor, 1 to 8 (1); with --object the "
+                                         "object's scale")
+                             ->option_text("N")
+                             ->check(numberFrom(0, manyUnits));
+    CLI::Option* object = program
+                              .add_option_function<std::string>(
+                                  "--object", [&options](const std::string& text) { takeObject(options, text); },
+                                  "an object on a turntable; with textures it is prepared for them")
+                              ->option_text("FILE[,TEXTURE[,TEXTURE]]");
+    program
+        .add_flag_function(
+            "--for-video-site",
+            [&options](std::int64_t) {
+                options.preset = Preset::VideoSite;
+                options.scale = 4.0;
+            },
+            "a film to upload: four times as large without blur, at a rate that survives being encoded again")
+        ->excludes(preset)
+        ->excludes(scale)
+        ->excludes(object);
+    program.add_option("--fps", options.fps, "frames a second, 1 to 1000 (60)")
+        ->option_text("N")
+        ->transform(wholeNumberFrom(1, 1000));
+    program.add_option("--from", options.from, "leave out what comes before this second")
+        ->option_text("S")
+        ->check(numberFrom(0, manySeconds));
+    program.add_option("--to", options.to, "end at this second (1800)")
+        ->option_text("S")
+        ->check(numberFrom(0, manySeconds));
+    CLI::Option* part =
+        program.add_option("--part", options.part, "only this part of the show, 1 to 10; 11 is the end scroller")
+            ->option_text("N")
+            ->transform(wholeNumberFrom(1, scrollerPart));
+    program.add_flag("--hash", options.hash,
+                     "print a line for every frame: number, demo time, part (0 loading), and the 64-bit FNV-1a hash "
+                     "of blue, green and red of all pixels");
+    program.add_option("--sheet", options.sheet, "write a contact sheet with labelled moments of every part")
+        ->option_text("FILE.png");
+    program.add_flag("--timeline", options.timeline, "print the parts with their times, frames and sync commands");
+    CLI::Option* scene = program
+                             .add_option("--scene", options.scene,
+                                         "one scene alone, after every scene has loaded; --scene list names them")
+                             ->option_text("NAME")
+                             ->excludes(part)
+                             ->excludes(object);
+    program
+        .add_option_function<std::string>(
+            "--sync", [&options](const std::string& text) { options.syncs = toSyncs(text); },
+            "sync values for the scene, in demo-time units (15.68 a second) from its first frame")
+        ->option_text("VALUE@UNITS,...")
+        ->needs(scene);
+    program.add_option("--start", options.start, "demo time of the scene's first frame (0)")
+        ->option_text("UNITS")
+        ->check(numberFrom(0, manyUnits))
+        ->needs(scene);
+    program.add_option("--seconds", options.seconds, "length of the scene or turntable (10)")
+        ->option_text("S")
+        ->check(numberFrom(0, manySeconds));
+    program.add_option("--mode", options.mode, "drawing mode of the turntable's object, as 0x19 or 25")
+        ->option_text("N")
+        ->transform(wholeNumberFrom(0, 0xFFFFFFFF))
+        ->needs(object);
+    program
+        .add_option("--show", options.showFolder,
+                    "where the show's files are (./show, this folder, or where it was installed)")
+        ->option_text("FOLDER");
+    program.add_flag("--plain", options.plain,
+                     "without the processor's vector instructions; the pictures are the same");
+    object->excludes(part);
+}
+
+void checkOutput(const Options& options) {
+    const bool none = options.output.empty();
+    if (none && !options.hash && options.sheet.empty() && !options.timeline)
+        throw UsageError("nothing to make: name an output, --hash, --sheet or --timeline");
+    const bool film = !none && outputKind(options.output) == OutputKind::Film;
+    if (options.preset == Preset::VideoSite && !film)
+        throw UsageError("--for-video-site: name a film (.mp4, .mkv or .webm)");
+    if (options.preset == Preset::Archive && film && ending(options.output) != ".mkv")
+        throw UsageError("--preset: an archive is an .mkv, not " + options.output);
+    if (!options.sheet.empty() && ending(options.sheet) != ".png")
+        throw UsageError("--sheet: contact sheets are .png, not " + options.sheet);
+}
+
+void checkTogether(const CLI::App& program, const Options& options) {
     const bool whole = options.scale == std::floor(options.scale);
     if (options.object.empty() && (!whole || options.scale < 1.0 || options.scale > 8.0))
         throw UsageError("--scale: the picture's factor is a whole number from 1 to 8");
+    if (!options.object.empty() && options.scale == 0.0)
+        throw UsageError("--scale: an object of size 0 cannot be seen");
     if (options.to <= options.from)
         throw UsageError("--to: ends before --from");
-    const bool asksForNothing = options.output.empty() && !options.hash && options.sheet.empty() && !options.timeline;
-    if (asksForNothing && !options.help && options.scene != "list")
-        throw UsageError("nothing to make: name an output, --hash, --sheet or --timeline");
+    const bool show = options.scene.empty() && options.object.empty();
+    if (show && program.count("--seconds") > 0)
+        throw UsageError("--seconds: needs --scene or --object; a film of the show ends with --to");
+    if (!show && frameCount(options) < 1)
+        throw UsageError("--seconds: shorter than one frame");
+    if (!show && options.from >= options.seconds)
+        throw UsageError("--from: the film ends before that; --seconds says how long it is");
+    if (!options.scene.empty())
+        checkScene(options.scene);
+    checkOutput(options);
 }
 
 } // namespace
 
-Options parseOptions(const std::vector<std::string>& arguments) {
-    Options options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string& word = arguments[i];
-        if (word.rfind("--", 0) != 0) {
-            if (!options.output.empty())
-                throw UsageError(word + ": there is an output already, " + options.output);
-            options.output = word;
-            continue;
-        }
-        const Option* option = findOption(word);
-        if (option == nullptr)
-            throw UsageError(word + ": no such option");
-        if (option->argument != nullptr && i + 1 == arguments.size())
-            throw UsageError(word + ": needs " + option->argument);
-        try {
-            option->apply(options, option->argument != nullptr ? arguments[++i] : std::string());
-        } catch (const std::logic_error&) {
-            throw UsageError(word + ": \"" + arguments[i] + "\" is not a number");
-        } catch (const UsageError& error) {
-            throw UsageError(word + ": " + error.what());
-        }
-    }
-    checkTogether(options);
-    return options;
+std::int64_t frameCount(const Options& options) {
+    return std::llround(options.seconds * options.fps);
 }
 
-std::string helpText() {
-    std::string text = "lumenfold-film [options] OUTPUT\n"
-                       "\n"
-                       "Films the show frame by frame, without window and sound device. OUTPUT is a film (.mp4, .mkv;\n"
-                       "needs ffmpeg), its sound (.wav), or a folder for numbered PNG pictures.\n"
-                       "\n";
-    constexpr std::size_t helpColumn = 28;
-    for (const Option& option : table) {
-        std::string line = std::string("  ") + option.name + (option.argument != nullptr ? " " : "") +
-                           (option.argument != nullptr ? option.argument : "");
-        line +=
-            line.size() < helpColumn ? std::string(helpColumn - line.size(), ' ') : "\n" + std::string(helpColumn, ' ');
-        for (const char* c = option.help; *c != 0; ++c) {
-            line += *c;
-            if (*c == '\n')
-                line += std::string(helpColumn, ' ');
-        }
-        text += line + "\n";
-    }
-    return text;
+std::string ending(const std::string& fileName) {
+    return CLI::detail::to_lower(std::filesystem::path(fileName).extension().string());
+}
+
+OutputKind outputKind(const std::string& path) {
+    if (path.front() == '-')
+        throw UsageError(path + ": no such option, and nothing is filmed to standard output; write ./" + path +
+                         " for a file or folder of that name");
+    const std::string kind = ending(path);
+    if (kind == ".mp4" || kind == ".mkv" || kind == ".webm")
+        return OutputKind::Film;
+    if (kind == ".wav")
+        return OutputKind::Sound;
+    if (!kind.empty())
+        throw UsageError(path + ": films are .mp4, .mkv or .webm, sound is .wav, pictures go to a folder");
+    return OutputKind::Pictures;
+}
+
+Options parseOptions(const std::vector<std::string>& words) {
+    Options options;
+    CLI::App program(description, "lumenfold-film");
+    addOptions(program, options);
+    options.answer = parseCommandLine(program, words);
+    if (options.answer.empty() && options.scene == "list")
+        options.answer = sceneNames();
+    if (options.answer.empty())
+        checkTogether(program, options);
+    return options;
 }
 
 } // namespace lumenfold::film

@@ -2,13 +2,15 @@
 
 #include "core/pixel.h"
 #include "platform/player/module_player.h"
+#include "programs/film_options.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
 
-// What a film is made into. Failures throw std::runtime_error naming the file and the cause.
+// What a film is made into. When an output is made it looks whether it could be written; it writes nothing before the
+// first frame. Failures throw std::runtime_error naming the file and the cause.
 
 namespace lumenfold::film {
 
@@ -29,8 +31,15 @@ class Output {
     virtual void sound(const float*, std::size_t) {}       // pairs of samples, of the last frame
     virtual void sync(std::int64_t, const SyncCommand&) {} // number of the first frame that it can change
 
-    // The film is complete, or ends here.
+    // Whether frames come in the picture's own size; else they are enlarged by the factor asked for.
+    virtual bool enlargesItself() const { return false; }
+
+    // The film is complete, or ends here, after one frame at least: what was made gets its name. Without this call an
+    // output leaves nothing behind.
     virtual void finish() {}
+
+    // After finish: what lies where now, in a line; empty: nothing to say.
+    virtual std::string written() const { return {}; }
 };
 
 // Numbered PNG pictures in a folder, which is made if need be.
@@ -42,9 +51,8 @@ std::unique_ptr<Output> makeHashLines(std::FILE* stream);
 // The sound alone, 16 bits.
 std::unique_ptr<Output> makeWaveFile(const std::string& fileName);
 
-// Film and sound through ffmpeg, which chooses the container by the file's name.
-std::unique_ptr<Output> makeEncodedFilm(const std::string& fileName, std::int32_t fps, std::int32_t width,
-                                        std::int32_t height);
+// Film and sound through ffmpeg, the container by the file's name, with a title and a chapter for every part.
+std::unique_ptr<Output> makeEncodedFilm(const Options& options, const std::string& fileName);
 
 // A picture of labelled moments: of every part, or of a scene alone.
 std::unique_ptr<Output> makeContactSheet(const std::string& fileName, std::int32_t fps, bool oneScene);

@@ -1,6 +1,7 @@
 #include "core/sync_values.h"
 #include "driver/scene_table.h"
 #include "programs/film_output.h"
+#include "programs/pending_file.h"
 #include "programs/png_file.h"
 #include "programs/tiny_font.h"
 
@@ -73,7 +74,7 @@ bool isDark(const std::vector<Pixel32>& pixels) {
 class ContactSheet : public Output {
   public:
     ContactSheet(const std::string& path, std::int32_t framesPerSecond, bool oneScene)
-        : fileName(path), fps(framesPerSecond), shown(oneScene ? 2 * columns : columns) {}
+        : target(path), fps(framesPerSecond), shown(oneScene ? 2 * columns : columns) {}
 
     void frame(const Frame& frame) override {
         if (frame.part == noPart && stretches.empty() && shown == columns)
@@ -126,8 +127,11 @@ class ContactSheet : public Output {
         std::int32_t y = gap;
         for (const Stretch& stretch : stretches)
             y = draw(stretch, y);
-        writePng(fileName, sheet.data(), pitch, sheetRows);
+        writePng(target.place(), sheet.data(), pitch, sheetRows);
+        target.rename();
     }
+
+    std::string written() const override { return target.name() + ": contact sheet, " + sizeInWords(target.name()); }
 
   private:
     // Leaves the moments that are shown, in order: those of the phases and the others evenly between the ends.
@@ -166,7 +170,7 @@ class ContactSheet : public Output {
             std::copy_n(moment.pixels.data() + row * width, width, sheet.data() + (y + labelRows + row) * pitch + x);
     }
 
-    std::string fileName;
+    PendingFile target;
     std::int32_t fps;
     std::size_t shown; // moments of each stretch
     std::vector<Stretch> stretches;

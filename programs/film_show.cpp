@@ -5,31 +5,49 @@
 #include "driver/midas.h"
 #include "driver/music.h"
 #include "driver/run.h"
+#include "programs/film_plan.h"
+#include "programs/system.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace lumenfold::film {
 
 namespace {
 
 const SceneRow& sceneNamed(const std::string& name) {
-    for (const SceneRow& row : sceneTable())
-        if (name == row.name)
-            return row;
-    throw UsageError("--scene: no scene is called " + name + "; there are\n" + sceneNames());
+    const SceneTable& table = sceneTable();
+    return *std::find_if(table.begin(), table.end(), [&](const SceneRow& row) { return name == row.name; });
 }
 
-// Frames of the show if it runs through once: the first tune, then the scroller.
-std::int64_t expectedFrames(const Options& options) {
-    constexpr std::int64_t scrollerFrames = 10006;
-    try {
-        const auto seconds = std::min(ModulePlayer("bzzzz.xm").duration(), options.to);
-        return static_cast<std::int64_t>(seconds * options.fps) + scrollerFrames;
-    } catch (const std::runtime_error&) { // the show itself will say what is wrong with the tune
-        return 0;
+std::string inSeconds(double seconds) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f seconds", seconds);
+    return text;
+}
+
+// Refuses what the show would never reach, before a minute has gone into it, and sets the progress bar's end.
+void plan(Film& film, const Options& options) {
+    const ShowPlan show = planShow(options.fps, options.to);
+    double end = show.whole ? show.end : options.to;
+    if (show.whole && options.from > show.end + ShowPlan::exactness)
+        throw UsageError("--from: the show ends after " + inSeconds(show.end));
+    if (options.part != noPart) {
+        const auto wanted = std::find_if(show.stretches.begin(), show.stretches.end(),
+                                         [&](const auto& stretch) { return stretch.part == options.part; });
+        if (wanted == show.stretches.end())
+            throw UsageError("--part: " + std::to_string(options.part) + " does not come within " +
+                             inSeconds(show.end));
+        if (options.from > wanted->end + ShowPlan::exactness)
+            throw UsageError("--from: part " + std::to_string(options.part) + " ends after " + inSeconds(wanted->end));
+        end = std::min(end, wanted->end);
     }
+    film.expectEnd(std::llround(end * options.fps));
 }
 
 // Delivers the scripted values that are due, each once.
@@ -54,23 +72,22 @@ class Script {
 
 } // namespace
 
-std::string sceneNames() {
-    std::string names;
-    for (const SceneRow& row : sceneTable())
-        names += std::string("  ") + row.name + "\n";
-    return names;
-}
-
-void filmShow(Film& film, const Options& options) {
+void runOnStage(FrameSink& sink, std::int32_t fps, const SceneTable& scenes) {
     Display display;
     programDisplay = &display;
-    film.expect(expectedFrames(options));
-    stage().begin(&film, options.fps);
+    stage().begin(&sink, fps);
     try {
-        run();
+        run(scenes);
     } catch (const MusicFailure&) {
         throw std::runtime_error(std::string("the music failed: ") + MIDASgetErrorMessage(MIDASgetLastError()));
     }
+}
+
+void filmShow(Film& film, const Options& options) {
+    if (options.from > 0.0 || options.part != noPart || terminalColumns() > 0)
+        plan(film, options);
+    if (!interrupted())
+        runOnStage(film, options.fps, sceneTable());
 }
 
 void filmScene(Film& film, const Options& options) {
@@ -84,8 +101,8 @@ void filmScene(Film& film, const Options& options) {
     stage().begin(&film, options.fps, options.start);
     const DemoTime time(counterFrequency());
     const double firstTime = static_cast<double>(time.at(readCounter()));
-    const auto frames = static_cast<std::int64_t>(std::llround(options.seconds * options.fps));
-    film.expect(frames);
+    const std::int64_t frames = frameCount(options);
+    film.expectEnd(std::min(frames, static_cast<std::int64_t>(std::ceil(options.to * options.fps))));
     Script script(options.syncs);
     while (stage().frameNumber() < frames && !stage().keyWaiting()) {
         script.deliver(static_cast<double>(time.at(readCounter())) - firstTime);

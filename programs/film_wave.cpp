@@ -1,4 +1,5 @@
 #include "programs/film_output.h"
+#include "programs/pending_file.h"
 #include "programs/sound_bytes.h"
 
 #include <array>
@@ -14,10 +15,7 @@ namespace {
 // RIFF WAVE with one "fmt " and one "data" chunk; the lengths are filled in at the end.
 class WaveFile : public Output {
   public:
-    explicit WaveFile(const std::string& path) : fileName(path), file(std::fopen(path.c_str(), "wb")) {
-        check(file != nullptr);
-        writeHeader();
-    }
+    explicit WaveFile(const std::string& path) : target(path) {}
     ~WaveFile() override {
         if (file != nullptr)
             std::fclose(file);
@@ -26,7 +24,11 @@ class WaveFile : public Output {
     WaveFile& operator=(const WaveFile&) = delete;
 
     void sound(const float* samples, std::size_t frames) override {
+        if (file == nullptr)
+            open();
         const std::vector<std::uint8_t> bytes = soundBytes(samples, frames);
+        if (bytes.size() > mostBytes - dataBytes)
+            throw std::runtime_error(target.name() + ": a .wav holds no more than six hours");
         check(std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size());
         dataBytes += static_cast<std::uint32_t>(bytes.size());
     }
@@ -37,12 +39,28 @@ class WaveFile : public Output {
         std::FILE* closing = file;
         file = nullptr;
         check(std::fclose(closing) == 0);
+        target.rename();
+    }
+
+    std::string written() const override {
+        char length[32];
+        std::snprintf(length, sizeof length, ": %.2f s, ", dataBytes / double{soundRate * soundFrameBytes});
+        return target.name() + length + sizeInWords(target.name());
     }
 
   private:
+    static constexpr std::uint32_t headerRest = 36; // bytes of the header after the first length
+    static constexpr std::uint32_t mostBytes = 0xFFFFFFFF - headerRest;
+
+    void open() {
+        file = std::fopen(target.place().c_str(), "wb");
+        check(file != nullptr);
+        writeHeader();
+    }
+
     void check(bool succeeded) const {
         if (!succeeded)
-            throw std::runtime_error(fileName + ": " + std::strerror(errno));
+            throw std::runtime_error(target.name() + ": " + std::strerror(errno));
     }
 
     void put(std::uint32_t value, int bytes) {
@@ -51,7 +69,6 @@ class WaveFile : public Output {
     }
 
     void writeHeader() {
-        constexpr std::uint32_t headerRest = 36; // bytes of the header after the first length
         std::fputs("RIFF", file);
         put(headerRest + dataBytes, 4);
         std::fputs("WAVEfmt ", file);
@@ -66,8 +83,8 @@ class WaveFile : public Output {
         put(dataBytes, 4);
     }
 
-    std::string fileName;
-    std::FILE* file;
+    PendingFile target;
+    std::FILE* file = nullptr;
     std::uint32_t dataBytes = 0;
 };
 

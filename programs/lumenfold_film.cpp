@@ -5,30 +5,18 @@
 #include "driver/show.h"
 #include "programs/film_show.h"
 #include "programs/show_folder.h"
+#include "programs/system.h"
 
 #include <cstdio>
-#include <exception>
 #include <filesystem>
+#include <memory>
+#include <stdexcept>
 #include <string>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 
 using namespace lumenfold;
 using namespace lumenfold::film;
-
-// The object reader comments on standard output. The film's own lines go to a copy of it, the comments nowhere.
-std::FILE* separateOutput() {
-    std::fflush(stdout);
-    std::FILE* own = fdopen(dup(STDOUT_FILENO), "w");
-    std::FILE* nowhere = std::fopen("/dev/null", "w");
-    if (own == nullptr || nowhere == nullptr)
-        throw std::runtime_error("standard output cannot be opened again");
-    dup2(fileno(nowhere), STDOUT_FILENO);
-    std::fclose(nowhere);
-    return own;
-}
 
 std::string fullPath(const std::string& path) {
     return path.empty() ? path : std::filesystem::absolute(path).string();
@@ -55,30 +43,21 @@ void enterShowFolder(const std::string& asked) {
         throw std::runtime_error(folder.string() + ": " + error.message());
 }
 
-std::string objectFile(const std::string& object) {
-    return object.substr(0, object.find(','));
-}
-
-std::string ending(const std::string& fileName) {
-    return std::filesystem::path(fileName).extension().string();
-}
-
 std::unique_ptr<Output> makeOutput(const Options& options, const std::string& path) {
-    const std::string kind = ending(path);
-    if (kind == ".wav")
+    switch (outputKind(path)) {
+    case OutputKind::Film:
+        return makeEncodedFilm(options, path);
+    case OutputKind::Sound:
         return makeWaveFile(path);
-    if (kind == ".mp4" || kind == ".mkv") {
-        const auto factor = options.object.empty() ? static_cast<std::int32_t>(options.scale) : 1;
-        return makeEncodedFilm(path, options.fps, frameInfo.width * factor, frameInfo.height * factor);
+    case OutputKind::Pictures:
+        break;
     }
-    if (!kind.empty())
-        throw UsageError(path + ": films are .mp4 or .mkv, sound is .wav, pictures go to a folder");
     return makePictureFolder(path);
 }
 
 int makeFilm(Options options) {
     std::FILE* lines = separateOutput();
-    if (std::filesystem::exists(objectFile(options.object))) // otherwise it is one of the show's
+    if (std::filesystem::exists(options.object)) // otherwise it is one of the show's
         options.object = fullPath(options.object);
     const std::string output = fullPath(options.output);
     const std::string sheet = fullPath(options.sheet);
@@ -103,33 +82,25 @@ int makeFilm(Options options) {
     else
         filmShow(film, options);
     film.finish();
+    for (const std::string& line : film.written())
+        std::fprintf(stderr, "%s\n", line.c_str());
     constexpr int interruptedStatus = 130;
     return interrupted() ? interruptedStatus : 0;
-}
-
-int fail(const std::string& message) {
-    std::fprintf(stderr, "lumenfold-film: %s\n", message.c_str());
-    return 1;
 }
 
 } // namespace
 
 int main(int count, char** arguments) {
-    try {
-        const Options options = parseOptions(std::vector<std::string>(arguments + 1, arguments + count));
-        if (options.help || options.scene == "list") {
-            std::fputs(options.help ? helpText().c_str() : sceneNames().c_str(), stdout);
+    return lumenfold::runTool("lumenfold-film", [&] {
+        const Options options = parseOptions({arguments + 1, arguments + count});
+        if (!options.answer.empty()) {
+            std::fputs(options.answer.c_str(), stdout);
             return 0;
         }
-        return makeFilm(options);
-    } catch (const DynamicError& error) {
-        return fail(errorText(error));
-    } catch (const UsageError& error) {
-        fail(error.what());
-        std::fputs("lumenfold-film --help lists the options\n", stderr);
-        constexpr int usageStatus = 2;
-        return usageStatus;
-    } catch (const std::exception& error) {
-        return fail(error.what());
-    }
+        try {
+            return makeFilm(options);
+        } catch (const DynamicError& error) {
+            throw std::runtime_error(errorText(error));
+        }
+    });
 }

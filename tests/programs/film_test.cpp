@@ -1,5 +1,4 @@
 #include "programs/film_hash.h"
-#include "programs/film_options.h"
 #include "programs/film_output.h"
 #include "programs/pipe_process.h"
 #include "programs/sound_bytes.h"
@@ -19,49 +18,6 @@ namespace {
 std::string contents(const std::string& fileName) {
     std::ifstream file(fileName, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-TEST(Options, AreReadByTheTableThatPrintsThem) {
-    const Options options = parseOptions({"--scene", "twinTunnel", "--sync", "37@1.5,59@20", "--fps", "30", "out.mp4",
-                                          "--mode", "0x19", "--hash", "--scale", "2"});
-    EXPECT_EQ(options.scene, "twinTunnel");
-    EXPECT_EQ(options.output, "out.mp4");
-    EXPECT_EQ(options.fps, 30);
-    EXPECT_EQ(options.mode, 0x19U);
-    EXPECT_TRUE(options.hash);
-    ASSERT_EQ(options.syncs.size(), 2U);
-    EXPECT_EQ(options.syncs[1].value, 59U);
-    EXPECT_EQ(options.syncs[0].units, 1.5);
-    for (const char* name : {"--fps", "--sync", "--sheet", "--help"})
-        EXPECT_NE(helpText().find(name), std::string::npos);
-}
-
-TEST(Options, ThatCannotBeFollowedAreNamed) {
-    const std::vector<std::vector<std::string>> lines = {
-        {"--fps"},
-        {"--fps", "0", "x"},
-        {"--fps", "1.5", "x"},
-        {"--fps", "3x", "x"},
-        {"--nothing", "x"},
-        {"--sync", "37", "x"},
-        {"--sync", "300@1", "x"},
-        {"--scale", "1.5", "x"},
-        {"--scale", "9", "x"},
-        {"--part", "12", "x"},
-        {"--mode", "many", "x"},
-        {"--from", "5", "--to", "4", "x"},
-        {"--to", "nan", "x"},
-    };
-    for (const std::vector<std::string>& line : lines) {
-        try {
-            parseOptions(line);
-            ADD_FAILURE() << line[0] << " " << line.back();
-        } catch (const UsageError& error) {
-            EXPECT_EQ(std::string(error.what()).rfind(line.size() > 3 ? "--to" : line[0], 0), 0U) << error.what();
-        }
-    }
-    EXPECT_THROW(parseOptions({}), UsageError);
-    EXPECT_THROW(parseOptions({"one", "two"}), UsageError);
 }
 
 TEST(Hash, IsFnv1aOverBlueGreenRed) {

@@ -4,6 +4,7 @@
 #include "driver/error_text.h"
 #include "driver/show.h"
 #include "programs/film_show.h"
+#include "programs/process_boundary.h"
 #include "programs/show_folder.h"
 #include "programs/system.h"
 
@@ -91,6 +92,7 @@ int makeFilm(Options options) {
 } // namespace
 
 int main(int count, char** arguments) {
+    lumenfold::guardProcess();
     return lumenfold::runTool("lumenfold-film", [&] {
         const Options options = parseOptions({arguments + 1, arguments + count});
         if (!options.answer.empty()) {

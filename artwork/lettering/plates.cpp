@@ -92,7 +92,7 @@ void makeOverlayPlate(const std::string& path) {
         const float u = static_cast<float>(x) / 512;
         const float v = static_cast<float>(y) / 384;
         const float sheen = bell(u - 0.25F - 0.5F * v, 0.10F) + 0.6F * bell(u - 0.62F - 0.5F * v, 0.05F);
-        Colour light = mix(fromHex(0x03040C), fromHex(0x10206B), 0.30F + 0.45F * sheen);
+        Colour light = mix(fromHex(0x080C22), fromHex(0x2C46CC), 0.45F + 0.55F * sheen);
         light = light * (1 + 0.25F * fractalNoise({6 * u, 90 * v, 1}, 2, 77));
         const float lit = smoothStep(1.2F, 0.1F, u + v - 0.25F);
         light += fromHex(0xFFC04A) * (bell(far - 1.0F, 0.9F) * (0.45F + 0.8F * lit));

@@ -268,7 +268,7 @@ void makeForgeDoor(const std::string& path) {
         const bool inPane = x >= 160 && x < 480 && y >= 85 && y < 305;
         return inPane ? Colour{} : c;
     });
-    writeBitmap(path, developed(picture, {1.3F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.6F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -96,7 +96,8 @@ Colour wallAt(float x, float y) {
     body = mix(body, fromHex(0xFFB48C), 0.5F * smoothStep(0.7F, 1, hashUnit(place.column, place.row, 5, 911)));
     body = body * (1 + 0.5F * grain);
     Colour light = body * (0.10F + 1.15F * lit) + fromHex(0xFFD8B0) * (0.10F * lit * lit);
-    light += body * fromHex(0x12B5B0) * (0.55F * saturate(-0.8F * normal.x + 0.4F * normal.y));
+    // what the sun does not reach lies in turquoise daylight
+    light += fromHex(0x12B5B0) * ((0.16F + 0.46F * saturate(0.4F - 0.8F * normal.x + 0.5F * normal.y)) * (1 - lit));
     // turquoise from behind, through the joints
     const float joint = smoothStep(1.3F, -0.2F, place.inside);
     const float breath = 0.35F + 0.65F * smoothStep(-0.2F, 0.35F, fractalNoise({0.012F * x, 0.016F * y, 1}, 3, 915));

@@ -63,7 +63,7 @@ void makeOilPool(const std::string& path) {
         512, 384, 4, [](float x, float y, std::uint32_t) { return oilPoolAt(x, y); }, 0.25F);
     picture = withBloom(picture, {2.5F, 0.12F, 18, 0.12F}, Edge::clamp);
     picture.change([](Colour c, int x, int) { return c * mix(0.20F, 1, smoothStep(60, 190, static_cast<float>(x))); });
-    writeBitmap(path, developed(picture, {1.1F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.42F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

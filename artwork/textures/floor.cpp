@@ -35,7 +35,7 @@ void makeFloorGrid(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {3, 0.12F, 14, 0.16F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.95F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.7F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -69,7 +69,7 @@ void makeHallStone(const std::string& path) {
         return light * smoothStep(-0.001F, 0.006F, block.inside) + soot * 0.5F;
     });
     picture = withBloom(picture, {2, 0.10F, 10, 0.10F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.15F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.9F, true, 0.6F}));
 }
 
 // "ribwall.jpg": fluted stone with a vein of fire in every second flute; rows run along the shaft of a column.
@@ -90,7 +90,7 @@ void makeRibWall(const std::string& path) {
         return light * (1 - 0.7F * smoothStep(0.470F, 0.495F, drum));
     });
     picture = withBloom(picture, {2.5F, 0.12F, 12, 0.14F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.05F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.5F, true, 0.6F}));
 }
 
 // "shaft1.jpg": the whole depth of the shaft, black at its rim, white hot at its foot, niches in five storeys.
@@ -120,7 +120,7 @@ void makeShaftWall(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {2, 0.10F, 12, 0.14F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.1F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {1.5F, true, 0.6F}));
 }
 
 // "pool1.jpg": the bottom of the shaft: the oil pool of the next picture, and the ring of fire that feeds the light.

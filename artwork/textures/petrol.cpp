@@ -52,7 +52,7 @@ void makePetrolEnvironment(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {3, 0.22F, 16, 0.14F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.66F, true, 0.6F}));
+    writeBitmap(path, developed(picture, {0.80F, true, 0.6F}));
 }
 
 } // namespace lumenfold::art

@@ -69,10 +69,10 @@ Picture tunnelBay(bool turned) {
 
 // "tunbay1.jpg", "tunbay2.jpg": a bay of the tunnel, along the columns and along the rows.
 void makeTunnelBay(const std::string& path) {
-    writeBitmap(path, developed(tunnelBay(false), {1.35F, true, 0.6F}));
+    writeBitmap(path, developed(tunnelBay(false), {1.9F, true, 0.6F}));
 }
 void makeTunnelBayTurned(const std::string& path) {
-    writeBitmap(path, developed(tunnelBay(true), {1.35F, true, 0.6F}));
+    writeBitmap(path, developed(tunnelBay(true), {1.9F, true, 0.6F}));
 }
 
 // "lamps.jpg": four bands of 64 rows: amber, teal and ice light lines in a dark frame, and a vent.

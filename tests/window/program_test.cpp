@@ -41,7 +41,8 @@ TEST_F(Program, AKeyEndsIt) {
     const auto begin = std::chrono::steady_clock::now();
     run(status, "(sleep 3; xdotool key space) &");
     EXPECT_EQ(status, 0);
-    EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(), 3.0 + 1.5);
+    EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(),
+              3.0 + 3.0); // a loaded machine starts slowly
 }
 
 TEST_F(Program, StandardOutputNeverHoldsItUp) {

@@ -13,6 +13,7 @@ namespace lumenfold {
 namespace {
 
 constexpr std::uint64_t picturesPerSecond = 60; // the show's motion is partly counted in frames and made for this rate
+constexpr std::uint64_t turnsPerSecondHidden = 10; // nobody looks; demo time, tune and commands go on
 
 [[noreturn]] void failDisplay(const char* what) {
     throw DynamicError(std::string("display: ") + what + ": " + SDL_GetError());
@@ -291,7 +292,8 @@ void Window::present() {
 // Turns come on a grid of 1/60 s; whoever misses one starts a new grid, so that no turns are made up for in a rush.
 void Window::waitForTurn() {
     const std::uint64_t frequency = SDL_GetPerformanceFrequency();
-    const std::uint64_t period = (frequency + picturesPerSecond - 1) / picturesPerSecond;
+    const std::uint64_t turns = hidden ? turnsPerSecondHidden : picturesPerSecond;
+    const std::uint64_t period = (frequency + turns - 1) / turns;
     std::uint64_t now = SDL_GetPerformanceCounter();
     while (now < due) {
         std::this_thread::sleep_for(std::chrono::nanoseconds((due - now) * 1000000000 / frequency));

@@ -6,6 +6,10 @@ install(FILES packaging/lumenfold.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons
 install(FILES packaging/man/lumenfold.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
 install(FILES packaging/man/lumenfold-film.1 packaging/man/lumenfold-bench.1 packaging/man/lumenfold-forge.1
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+foreach(program lumenfold-film lumenfold-bench lumenfold-forge) # found by the program's name
+  install(FILES packaging/bash-completion/lumenfold DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+          RENAME ${program})
+endforeach()
 install(FILES README.md LICENSE docs/CREDITS.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_PACKAGE_NAME lumenfold)

@@ -3,6 +3,7 @@
 #include "colour_script.h"
 #include "golden_file.h"
 
+#include "programs/film_plan.h"
 #include "programs/film_show.h"
 
 #include <gtest/gtest.h>
@@ -47,6 +48,35 @@ void expectColourScript(const std::vector<ColourScript::Phase>& phases) {
     }
 }
 
+// When the parts came, and whether the film tool foresees it.
+class PartTimes : public film::Output {
+  public:
+    explicit PartTimes(std::int32_t framesPerSecond) : fps(framesPerSecond) {}
+
+    void frame(const film::Frame& frame) override {
+        if (frame.part == noPart)
+            return;
+        if (stretches.empty() || stretches.back().part != frame.part)
+            stretches.push_back({frame.part, static_cast<double>(frame.number) / fps, 0.0});
+        stretches.back().end = static_cast<double>(frame.number + 1) / fps;
+    }
+
+    void finish() override {
+        const film::ShowPlan plan = film::planShow(fps, film::Options().to);
+        EXPECT_TRUE(plan.whole);
+        ASSERT_EQ(plan.stretches.size(), stretches.size());
+        for (std::size_t i = 0; i < stretches.size(); ++i) {
+            EXPECT_EQ(plan.stretches[i].part, stretches[i].part);
+            EXPECT_NEAR(plan.stretches[i].begin, stretches[i].begin, film::ShowPlan::exactness);
+            EXPECT_NEAR(plan.stretches[i].end, stretches[i].end, film::ShowPlan::exactness);
+        }
+    }
+
+  private:
+    std::int32_t fps;
+    std::vector<film::ShowPlan::Stretch> stretches;
+};
+
 TEST(Golden, WholeShow) {
     GoldenFile golden("show.golden");
     const film::Options options;
@@ -54,6 +84,7 @@ TEST(Golden, WholeShow) {
     film::Film film(options);
     ColourScript colours;
     film.add(std::make_unique<ShowFrames>(show, golden, colours));
+    film.add(std::make_unique<PartTimes>(show.fps));
     film::filmShow(film, options);
     film.finish();
     golden.endFilm(show);

@@ -117,7 +117,7 @@ int runTool(const std::string& name, const std::function<int()>& body) {
     try {
         return body();
     } catch (const UsageError& error) {
-        std::fprintf(stderr, "%s: %s\n%s --help lists the options\n", name.c_str(), error.what(), name.c_str());
+        std::fprintf(stderr, "%s: %s (--help lists the options)\n", name.c_str(), error.what());
         return wrongUsage;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s: %s\n", name.c_str(), error.what());

@@ -80,7 +80,7 @@ void Film::finish() {
     progress.finish();
     if (made == 0)
         throw std::runtime_error(interrupted() ? "interrupted before the first frame that was asked for"
-                                               : "no frame was made: the show ends before what was asked for");
+                                               : "no frame was made: the range that was asked for holds none");
     std::exception_ptr failure;
     for (const auto& output : outputs) {
         try {

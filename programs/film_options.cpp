@@ -93,8 +93,8 @@ void addOptions(CLI::App& program, Options& options) {
         program
             .add_option_function<std::string>(
                 "--preset", [&options](const std::string& name) { options.preset = presets.at(name); },
-                "fast: quickly encoded, a larger file; good (unless given): slower, smaller; archive: every pixel "
-                "and sample as it was, .mkv only")
+                "fast: encoded in half the time, with less detail; good: unless given; archive: every pixel and sample "
+                "as it was, .mkv only")
             ->option_text("fast|good|archive")
             ->check(CLI::IsMember(&presets));
     CLI::Option* scale = program

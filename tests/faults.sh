@@ -207,27 +207,69 @@ else
 fi
 
 cd "$work"
-mkdir -p small bin
+mkdir -p small bin nowhere
 printf '#!/bin/sh\nhead -c 3000000 >/dev/null\nkill -KILL $$\n' >bin/ffmpeg
 chmod +x bin/ffmpeg
-try "film: ffmpeg missing" env PATH=/nowhere "$programs/lumenfold-film" --show "$show" --to 1 film.mp4
-try "film: ffmpeg killed" env PATH="$work/bin:$PATH" "$programs/lumenfold-film" --show "$show" --to 5 film.mp4
+
+# unharmed FAULT STATUS COMMAND...: fails with that status, and leaves an earlier film, sound and picture folder alone.
+unharmed() {
+    local fault=$1 expected=$2 status
+    shift 2
+    rm -rf earlier && mkdir -p earlier/frames
+    for name in film.mp4 film.mkv sound.wav sheet.png frames/frame000000.png; do echo earlier >"earlier/$name"; done
+    local before=$(find earlier -type f | sort | xargs md5sum)
+    timeout 120 "$@" >"$work/out" 2>"$work/err"
+    status=$?
+    row "$fault" $status "$work/err"
+    [ $status = "$expected" ] || { bad=1; echo "$(printf '%44s' '') status $expected was expected  <-- BAD"; }
+    [ "$before" = "$(find earlier -type f | sort | xargs md5sum)" ] || { bad=1; echo "$(printf '%44s' '') an earlier file was harmed  <-- BAD"; }
+}
+unharmed "film: ffmpeg missing" 1 env PATH=/nowhere "$programs/lumenfold-film" --show "$show" --to 1 earlier/film.mp4
+unharmed "film: ffmpeg killed" 1 env PATH="$work/bin:$PATH" "$programs/lumenfold-film" --show "$show" --to 5 earlier/film.mp4
+unharmed "film: an object that is missing" 1 bash -c 'film --object typo.lwo earlier/film.mp4'
+unharmed "film: a show that is missing" 1 "$programs/lumenfold-film" --show nowhere earlier/film.mp4
+unharmed "film: a part that does not come" 2 bash -c 'film --part 10 --to 0.3 earlier/film.mp4'
+unharmed "film: --from beyond the end" 2 bash -c 'film --from 900 earlier/film.mp4'
+unharmed "film: --from beyond the part's end" 2 bash -c 'film --part 1 --from 300 earlier/frames'
+unharmed "film: a range without a frame" 1 bash -c 'film --from 0.001 --to 0.002 earlier/sound.wav'
+unharmed "film: --seconds 0" 2 bash -c 'film --scene twinTunnel --seconds 0 earlier/film.mp4'
+unharmed "film: the tune of the scroller is missing" 1 bash -c 'rm $show/endtune.xm; film --from 300 --sheet earlier/sheet.png'
+cp "$root/show/endtune.xm" "$show/endtune.xm"
+unharmed "film: an option that does not exist" 2 bash -c 'film -x earlier/film.mp4'
+unharmed "film: two outputs" 2 bash -c 'film earlier/film.mp4 earlier/sound.wav'
+unharmed "film: --mode -1" 2 bash -c 'film --object credt.lwo --mode -1 earlier/film.mp4'
+unharmed "film: --mode 9z" 2 bash -c 'film --object credt.lwo --mode 9z earlier/film.mp4'
+unharmed "film: --mode of 2^40" 2 bash -c 'film --object credt.lwo --mode 1099511627776 earlier/film.mp4'
+unharmed "film: too many textures" 2 bash -c 'film --object credt.lwo,a.jpg,b.jpg,c.jpg earlier/film.mp4'
+unharmed "film: --sheet sheet.jpg" 2 bash -c 'film --sheet earlier/sheet.jpg'
+unharmed "film: an archive that is an .mp4" 2 bash -c 'film --preset archive earlier/film.mp4'
+unharmed "film: -h" 0 bash -c 'film -h'
+unharmed "film: reader of the hashes goes away" 1 bash -c 'film --to 5 --hash earlier/film.mp4 | head -1; exit ${PIPESTATUS[0]}'
+try "film: frames of an earlier run" bash -c 'film --to 0.2 again/ && film --from 0.1 --to 0.3 again/'
+try "film: standard descriptors closed" bash -c 'film --to 0.3 closed.mp4 <&- >&- 2>&-'
 try "film: hashes to a full disk" bash -c 'film --to 1 --hash >/dev/full'
 if mount -t tmpfs -o size=1m none small 2>/dev/null; then
     try "film: pictures to a full disk" bash -c 'film --to 5 small/pictures'
     try "film: sound to a full disk" bash -c 'film --to 20 small/sound.wav'
     try "film: film to a full disk" bash -c 'film --to 20 small/film.mp4'
+    head -c 800000 /dev/zero >small/filler
     try "film: sheet to a full disk" bash -c 'film --to 5 --sheet small/sheet.png'
 else
     echo "film: full disk: not tried, mounting a small one needs root"
 fi
 try "film: folder that cannot be made" bash -c 'film --to 1 /proc/nowhere/film'
-"$programs/lumenfold-film" --show "$show" film.mp4 >/dev/null 2>"$work/err" & running=$!
-sleep 3
-kill -TERM $running
-wait $running
-row "film: SIGTERM" $? "$work/err"
-echo "                                             the film so far: $(ffprobe -v error -show_entries format=duration -of csv=p=0 film.mp4) s"
+for signal in TERM INT HUP; do
+    echo earlier >film.mp4
+    env --default-signal=INT "$programs/lumenfold-film" --show "$show" film.mp4 >/dev/null 2>"$work/err" & running=$!
+    sleep 3
+    kill -$signal $running
+    wait $running
+    row "film: SIG$signal" $? "$work/err"
+    seconds=$(ffprobe -v error -show_entries format=duration -of csv=p=0 film.mp4)
+    echo "                                             the film so far: $seconds s"
+    [ -n "$seconds" ] || bad=1
+done
+ls -A "$work"/*.part* "$work"/*/*.part* 2>/dev/null && { echo "left behind  <-- BAD"; bad=1; }
 for fps in 30 60 144 240; do
     film --fps $fps --to 3 --timeline >out 2>err
     row "monitor at $fps Hz: $(film --fps $fps --to 3 --hash | wc -l) pictures in 3 s" $? err

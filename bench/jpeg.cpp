@@ -48,7 +48,7 @@ double stbMicroseconds(const std::vector<FileBytes>& files) {
         .median();
 }
 
-// Our reader is told the size of each picture.
+// Our reader is given the size of each picture.
 std::vector<FrameInfo> pictureSizes(const std::vector<FileBytes>& files) {
     std::vector<FrameInfo> sizes;
     for (const FileBytes& file : files) {

@@ -20,7 +20,7 @@ class Relief {
     Vec3 normal(int x, int y, float depth) const;
 
     // The heights under a Gaussian blur, reach in grid squares: softer shapes, or the level around a place, against
-    // which hollows and crests are told.
+    // which hollows and crests are measured.
     Relief lowPass(float reach) const;
 
   private:

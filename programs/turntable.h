@@ -9,7 +9,7 @@
 
 namespace lumenfold {
 
-// A single object on a turntable, drawn as the scenes draw it: for whoever makes objects.
+// A single object on a turntable, drawn as the scenes draw it: for those who make objects.
 class Turntable {
   public:
     static constexpr int width = 512;

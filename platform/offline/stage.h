@@ -14,7 +14,7 @@
 
 namespace lumenfold {
 
-// Receives what is presented. It may throw; the error passes through the driver to whoever runs the show.
+// Receives what is presented. It may throw; the error passes through the driver to the program.
 class FrameSink {
   public:
     virtual ~FrameSink() = default;

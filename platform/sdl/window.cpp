@@ -289,7 +289,7 @@ void Window::present() {
         draw();
 }
 
-// Turns come on a grid of 1/60 s; whoever misses one starts a new grid, so that no turns are made up for in a rush.
+// Turns come on a grid of 1/60 s. A missed turn starts a new grid, so that none is made up for in a rush.
 void Window::waitForTurn() {
     const std::uint64_t frequency = SDL_GetPerformanceFrequency();
     const std::uint64_t turns = hidden ? turnsPerSecondHidden : picturesPerSecond;

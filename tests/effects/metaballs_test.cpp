@@ -11,7 +11,7 @@ float& sampleAt(MetaballGrid& grid, int x, int y, int z) {
     return grid.samples[static_cast<std::size_t>(x + 20 * z + 400 * y)];
 }
 
-// Edge by edge, as the order of the points is told.
+// Edge by edge, in the order of the points.
 std::vector<Vector3> crossings(MetaballGrid& grid, float L) {
     std::vector<Vector3> points;
     const auto edge = [&](int x, int y, int z, int axis) {

@@ -16,7 +16,7 @@ inline std::vector<Pixel32> randomPixels(std::size_t count, unsigned seed) {
     return pixels;
 }
 
-// One byte at a time, as pixel arithmetic is told.
+// One byte at a time, as pixel arithmetic is defined.
 template <class Operation>
 Pixel32 perByte(Pixel32 a, Pixel32 b, Operation operation) {
     Pixel32 result = 0;

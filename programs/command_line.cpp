@@ -73,7 +73,7 @@ class HelpLayout : public CLI::Formatter {
 };
 
 std::string wordsFor(const CLI::App& program, const CLI::ParseError& error) {
-    const std::string text = error.what();
+    std::string text = error.what();
     if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) != nullptr)
         return text.substr(0, text.find(':')) + ": needs one value";
     if (const std::size_t at = text.find(" excludes "); at != std::string::npos)

@@ -23,4 +23,14 @@ enum DrawMode : std::uint32_t {
     TwoLayers = 0x19,      // affine, the sum of the colour layer at uv1 and the reflection layer at uv2
 };
 
+// Their names on command lines.
+struct NamedDrawMode {
+    const char* name;
+    DrawMode mode;
+};
+inline constexpr NamedDrawMode drawModes[] = {
+    {"perspective", Perspective}, {"perspective-add", PerspectiveAdd}, {"affine", Affine},
+    {"affine-add", AffineAdd},    {"reflection", Reflection},          {"two-layers", TwoLayers},
+};
+
 } // namespace lumenfold

@@ -1,4 +1,3 @@
-#include "assets/image.h"
 #include "driver/show.h"
 #include "programs/film_show.h"
 #include "programs/turntable.h"
@@ -35,7 +34,7 @@ std::string describe(const Turntable& turntable) {
 } // namespace
 
 std::string filmObject(Film& film, const Options& options) {
-    textureCache.open();
+    const Session session({}); // no scene takes part
     Turntable turntable(subjectOf(options));
     Display display;
     display.console.open("turntable", Turntable::width, Turntable::height, display.format);

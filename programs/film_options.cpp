@@ -1,5 +1,6 @@
 #include "programs/film_options.h"
 
+#include "assets/draw_mode.h"
 #include "core/sync_values.h"
 #include "driver/scene_table.h"
 
@@ -157,9 +158,17 @@ void addOptions(CLI::App& program, Options& options) {
     program.add_option("--seconds", options.seconds, "length of the scene or turntable (10)")
         ->option_text("S")
         ->check(numberFrom(0, manySeconds));
-    program.add_option("--mode", options.mode, "drawing mode of the turntable's object, as 0x19 or 25")
-        ->option_text("N")
+    std::map<std::string, std::string> modes;
+    std::string modeNames;
+    for (const NamedDrawMode& named : drawModes) {
+        modes[named.name] = std::to_string(named.mode);
+        modeNames += (modeNames.empty() ? "" : ", ") + std::string(named.name);
+    }
+    program
+        .add_option("--mode", options.mode, "drawing mode of the turntable's object: " + modeNames + ", or a number")
+        ->option_text("MODE")
         ->transform(wholeNumberFrom(0, 0xFFFFFFFF))
+        ->transform(CLI::Transformer(modes)) // before the other one
         ->needs(object);
     program
         .add_option("--show", options.showFolder,

@@ -97,8 +97,8 @@ TEST(LightWaveWriter, IsReadBackByTheDemo) {
     ASSERT_EQ(mesh.faceCount, 2U);
     ASSERT_EQ(mesh.materialCount, 2U);
     EXPECT_EQ(mesh.materials[1].name, "odd");
-    EXPECT_EQ(mesh.materials[0].mode, 9U);
-    EXPECT_EQ(mesh.materials[1].mode, 1U);
+    EXPECT_EQ(mesh.materials[0].mode, DrawMode::Perspective);
+    EXPECT_EQ(mesh.materials[1].mode, modeDrawn);
     EXPECT_EQ(mesh.vertices[1].x, 3.0F);
     EXPECT_EQ(mesh.faces[1].corners[0]->index, 2U);
     const FaceCoordinates expected = {0, 255, 255, 0, 255, 255};

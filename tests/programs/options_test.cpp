@@ -1,5 +1,6 @@
 // The film tool's command line: what it is taken for, and what is refused in which words.
 
+#include "assets/draw_mode.h"
 #include "programs/film_options.h"
 
 #include <gtest/gtest.h>
@@ -47,6 +48,7 @@ TEST(Options, AreRead) {
     EXPECT_EQ(object.object, "a.lwo");
     EXPECT_EQ(object.textures, (std::vector<std::string>{"b.jpg", "c.jpg"}));
     EXPECT_EQ(object.mode, 0x19U);
+    EXPECT_EQ(parseOptions(wordsOf("--object a.lwo,b.jpg --mode affine-add turn.d/")).mode, DrawMode::AffineAdd);
     EXPECT_EQ(object.factor(), 1);
     EXPECT_EQ(outputKind(object.output), OutputKind::Pictures);
 

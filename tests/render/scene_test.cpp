@@ -36,7 +36,7 @@ void fillTriangle(Mesh& mesh, Pixel32* texels, std::uint32_t mode) {
 class SceneTest : public testing::Test {
   protected:
     void draw(float bias = 0.0F) { drawScene(scene, picture.info(), picture.select(), bias); }
-    Mesh& addTriangle(std::uint32_t mode = 0x401) {
+    Mesh& addTriangle(std::uint32_t mode = DrawMode::Affine) {
         Mesh& mesh = *scene.addObject();
         fillTriangle(mesh, texture.data(), mode);
         return mesh;
@@ -93,9 +93,9 @@ TEST_F(SceneTest, SpinTurnsAtEveryDraw) {
 
 TEST_F(SceneTest, ReflectionModesMapTheNormals) {
     const FaceCoordinates mapped = {128, 128, 256, 128, 128, 256};
-    EXPECT_EQ(addTriangle(0x401).faces[0].uv2, (FaceCoordinates{1, 2, 3, 4, 5, 6}));
-    addTriangle(0x11);
-    addTriangle(0x10); // even where nothing is drawn
+    EXPECT_EQ(addTriangle(DrawMode::Affine).faces[0].uv2, (FaceCoordinates{1, 2, 3, 4, 5, 6}));
+    addTriangle(DrawMode::Reflection);
+    addTriangle(modeReflectionLayer); // even where nothing is drawn
     scene.objects[2]->faces[0].material = nullptr;
     draw();
     EXPECT_EQ(scene.objects[0]->faces[0].uv2, (FaceCoordinates{1, 2, 3, 4, 5, 6}));

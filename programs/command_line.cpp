@@ -2,8 +2,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cerrno>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <memory>
 #include <utility>
@@ -115,7 +117,10 @@ int runTool(const std::string& name, const std::function<int()>& body) {
     constexpr int failed = 1;
     constexpr int wrongUsage = 2;
     try {
-        return body();
+        const int status = body();
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+            throw std::runtime_error(std::string("standard output: ") + std::strerror(errno));
+        return status;
     } catch (const UsageError& error) {
         std::fprintf(stderr, "%s: %s (--help lists the options)\n", name.c_str(), error.what());
         return wrongUsage;

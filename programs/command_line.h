@@ -31,7 +31,7 @@ CLI::Validator numberFrom(double least, double most);
 CLI::Validator wholeNumberFrom(double least, double most);
 
 // The body of a tool's main: what it throws is printed under the tool's name. Returns the exit status: the body's, 2
-// for a UsageError, 1 for any other error.
+// for a UsageError, 1 for any other error, such as a standard output that did not take everything.
 int runTool(const std::string& name, const std::function<int()>& body);
 
 } // namespace lumenfold

@@ -198,7 +198,7 @@ void checkTogether(const CLI::App& program, const Options& options) {
         throw UsageError("--scale: the picture's factor is a whole number from 1 to 8");
     if (!options.object.empty() && options.scale == 0.0)
         throw UsageError("--scale: an object of size 0 cannot be seen");
-    if (options.to <= options.from)
+    if (options.to <= options.from && program.count("--to") > 0)
         throw UsageError("--to: ends before --from");
     const bool show = options.scene.empty() && options.object.empty();
     if (show && program.count("--seconds") > 0)
@@ -243,6 +243,9 @@ Options parseOptions(const std::vector<std::string>& words) {
     options.answer = parseCommandLine(program, words);
     if (options.answer.empty() && options.scene == "list")
         options.answer = sceneNames();
+    const bool plainWords = std::find(words.begin(), words.end(), "--") != words.end();
+    if (plainWords && !options.output.empty() && options.output.front() == '-')
+        options.output.insert(0, "./");
     if (options.answer.empty())
         checkTogether(program, options);
     return options;

@@ -61,7 +61,7 @@ class PictureFolder : public Output {
         char name[32];
         std::snprintf(name, sizeof name, "frame%06lld.png", static_cast<long long>(frame.number));
         names.emplace_back(name);
-        writePng((waiting / name).string(), frame.pixels, frame.width, frame.height);
+        writePng((waiting / name).string(), frame.pixels, frame.width, frame.height, (folder / name).string());
     }
 
     void finish() override {

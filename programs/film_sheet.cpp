@@ -127,7 +127,7 @@ class ContactSheet : public Output {
         std::int32_t y = gap;
         for (const Stretch& stretch : stretches)
             y = draw(stretch, y);
-        writePng(target.place(), sheet.data(), pitch, sheetRows);
+        writePng(target.place(), sheet.data(), pitch, sheetRows, target.name());
         target.rename();
     }
 

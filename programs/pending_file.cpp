@@ -15,8 +15,9 @@ namespace fs = std::filesystem;
 
 PendingFile::PendingFile(const std::string& name) : fileName(name), target(name) {
     std::error_code error;
-    if (fs::is_symlink(name, error) && fs::exists(name, error))
-        target = fs::canonical(name, error).string(); // the link stays one
+    constexpr int mostLinks = 40;
+    for (int links = 0; links < mostLinks && fs::is_symlink(target, error); ++links) // they stay links
+        target = (fs::path(target).parent_path() / fs::read_symlink(target, error)).string();
     const fs::file_status status = fs::status(target, error);
     if (fs::exists(status) && !fs::is_regular_file(status))
         throw std::runtime_error(name + (fs::is_directory(status) ? ": is a folder" : ": is not a plain file"));

@@ -10,7 +10,8 @@
 
 namespace lumenfold::film {
 
-void writePng(const std::string& fileName, const Pixel32* pixels, std::int32_t width, std::int32_t height) {
+void writePng(const std::string& place, const Pixel32* pixels, std::int32_t width, std::int32_t height,
+              const std::string& name) {
     std::vector<std::uint8_t> bytes;
     const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
     bytes.reserve(count * 3);
@@ -25,14 +26,14 @@ void writePng(const std::string& fileName, const Pixel32* pixels, std::int32_t w
     image.format = PNG_FORMAT_RGB;
     image.flags = PNG_IMAGE_FLAG_FAST;
     errno = 0;
-    std::FILE* file = std::fopen(fileName.c_str(), "wb");
+    std::FILE* file = std::fopen(place.c_str(), "wb");
     if (file == nullptr)
-        throw std::runtime_error(fileName + ": " + std::strerror(errno));
+        throw std::runtime_error(name + ": " + std::strerror(errno));
     const bool written = png_image_write_to_stdio(&image, file, 0, bytes.data(), 0, nullptr) != 0;
     const int writeError = errno;
     const bool closed = std::fclose(file) == 0;
     if (!written || !closed)
-        throw std::runtime_error(fileName + ": " + std::strerror(written ? errno : writeError));
+        throw std::runtime_error(name + ": " + std::strerror(written ? errno : writeError));
 }
 
 } // namespace lumenfold::film

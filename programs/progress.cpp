@@ -53,6 +53,8 @@ std::string progressLine(const ProgressState& state, int columns) {
 void Progress::show(std::int64_t frame, std::int32_t part) {
     constexpr std::chrono::milliseconds interval{200};
     const Clock::time_point now = Clock::now();
+    if (frame == 0)
+        begin = last = now; // what went before was preparation
     if (now - last < interval)
         return;
     last = now;

@@ -28,6 +28,7 @@ try() {
     shift
     timeout 300 "$@" >"$work/out" 2>"$work/err"
     local status=$?
+    tried=$status
     [ -s "$work/err" ] || cp "$work/out" "$work/err"
     row "$fault" $status "$work/err"
 }
@@ -247,13 +248,21 @@ unharmed "film: -h" 0 bash -c 'film -h'
 unharmed "film: reader of the hashes goes away" 1 bash -c 'film --to 5 --hash earlier/film.mp4 | head -1; exit ${PIPESTATUS[0]}'
 try "film: frames of an earlier run" bash -c 'film --to 0.2 again/ && film --from 0.1 --to 0.3 again/'
 try "film: standard descriptors closed" bash -c 'film --to 0.3 closed.mp4 <&- >&- 2>&-'
-try "film: hashes to a full disk" bash -c 'film --to 1 --hash >/dev/full'
+# refused FAULT COMMAND...: says so and fails.
+refused() {
+    try "$@"
+    [ -s "$work/err" ] && [ $tried = 1 ] || { bad=1; echo "$(printf '%44s' '') status 1 and a message were expected  <-- BAD"; }
+    ! grep -q '\.part' "$work/err" || { bad=1; echo "$(printf '%44s' '') names a file that nobody asked for  <-- BAD"; }
+}
+refused "film: hashes to a full disk" bash -c 'film --to 1 --hash >/dev/full'
+refused "film: timeline to a full disk" bash -c 'film --to 1 --timeline >/dev/full'
+refused "film: --help to a full disk" bash -c 'film --help >/dev/full'
 if mount -t tmpfs -o size=1m none small 2>/dev/null; then
-    try "film: pictures to a full disk" bash -c 'film --to 5 small/pictures'
-    try "film: sound to a full disk" bash -c 'film --to 20 small/sound.wav'
-    try "film: film to a full disk" bash -c 'film --to 20 small/film.mp4'
+    refused "film: pictures to a full disk" bash -c 'film --to 5 small/pictures'
+    refused "film: sound to a full disk" bash -c 'film --to 20 small/sound.wav'
+    refused "film: film to a full disk" bash -c 'film --to 20 small/film.mp4'
     head -c 800000 /dev/zero >small/filler
-    try "film: sheet to a full disk" bash -c 'film --to 5 --sheet small/sheet.png'
+    refused "film: sheet to a full disk" bash -c 'film --to 5 --sheet small/sheet.png'
 else
     echo "film: full disk: not tried, mounting a small one needs root"
 fi

@@ -67,7 +67,7 @@ void GoldenFile::check(const Footage& footage, const film::Frame& frame, const s
     difference.frame = frame.number;
     difference.moment = moment;
     difference.picture = LUMENFOLD_TEST_OUTPUT "/golden-" + footage.name + "-" + std::to_string(frame.number) + ".png";
-    film::writePng(difference.picture, frame.pixels, frame.width, frame.height);
+    film::writePng(difference.picture, frame.pixels, frame.width, frame.height, difference.picture);
 }
 
 void GoldenFile::endFilm(const Footage& footage) {

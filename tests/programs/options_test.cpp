@@ -54,6 +54,7 @@ TEST(Options, AreRead) {
 
     EXPECT_EQ(parseOptions(wordsOf("--fps 010 x")).fps, 10);
     EXPECT_EQ(parseOptions(wordsOf("./-x")).output, "./-x");
+    EXPECT_EQ(parseOptions(wordsOf("-- -x")).output, "./-x");
     const Options site = parseOptions(wordsOf("--for-video-site x.mp4"));
     EXPECT_EQ(site.factor(), 4);
     EXPECT_EQ(site.preset, Preset::VideoSite);

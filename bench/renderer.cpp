@@ -1,6 +1,7 @@
 #include "bench/filler_load.h"
 #include "bench/measure.h"
 #include "bench/sections.h"
+#include "render/depth_buffer.h"
 #include "render/ray_field.h"
 #include "render/scene.h"
 
@@ -24,6 +25,7 @@ void measureRayField(Report& report, RayShape shape, const char* name) {
 }
 
 void measureTransformation(Report& report) {
+    allocateDepthBuffer(frame.width, frame.height);
     constexpr std::uint32_t vertexCount = 10000;
     Scene scene;
     Mesh* mesh = scene.addObject();

@@ -138,7 +138,27 @@ signals() {
 signals "demo: SIGTERM while loading" 'sleep 0.2; kill -TERM $demo'
 signals "demo: SIGTERM while playing" 'sleep 4; kill -TERM $demo'
 signals "demo: SIGINT while playing" 'sleep 4; kill -INT $demo'
+signals "demo: SIGHUP while playing" 'sleep 4; kill -HUP $demo'
+signals "demo: SIGPIPE, then SIGTERM" 'sleep 4; kill -PIPE $demo; sleep 1; kill -0 $demo && kill -TERM $demo'
 signals "demo: a frame of two seconds, then SIGTERM" 'sleep 3; kill -STOP $demo; sleep 2; kill -CONT $demo; sleep 1; kill -TERM $demo'
+
+# output FAULT WHERE: the demo with that standard output, then SIGTERM.
+output() {
+    (eval "exec env --default-signal=HUP \"$programs/lumenfold\" $2" 2>"$work/err") &
+    local demo=$! status
+    sleep 4
+    kill -TERM $demo
+    timeout 20 tail --pid=$demo -f /dev/null || kill -KILL $demo
+    wait $demo
+    status=$?
+    row "$1" $status "$work/err"
+}
+output "demo: standard output closed" '>&-'
+output "demo: all standard descriptors closed" '<&- >&- 2>&-'
+output "demo: standard output full" '>/dev/full'
+mkfifo "$work/fifo"
+sleep 30 <>"$work/fifo" &
+output "demo: a pipe that nobody reads" '>"$work/fifo"'
 
 # Starts a sound server of its own for the demo to lose; "server" is its number.
 serve() {

@@ -443,7 +443,6 @@ void JpegDecoder::decodeScan(const std::uint8_t* dataEnd) {
 
 // The blocks of one minimum coded unit; false when the data is no code.
 bool JpegDecoder::decodeUnit(JpegBitReader& reader, std::size_t unit) {
-    const auto transform = jpegKernels().transform;
     const std::size_t unitRow = unit / unitsAcross;
     const std::size_t unitColumn = unit % unitsAcross;
     JpegBlock block;
@@ -457,7 +456,7 @@ bool JpegDecoder::decodeUnit(JpegBitReader& reader, std::size_t unit) {
                     return false;
                 const std::size_t row = (unitRow * part.blocksDown + by) * 8;
                 const std::size_t column = (unitColumn * part.blocksAcross + bx) * 8;
-                transform(block, component.samples.data() + row * component.stride + column, component.stride);
+                jpegTransform(block, component.samples.data() + row * component.stride + column, component.stride);
             }
     }
     return true;

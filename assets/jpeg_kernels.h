@@ -8,8 +8,6 @@
 
 namespace lumenfold {
 
-struct JpegBlock;
-
 // Y, Cb, Cr (JFIF) and the fourth component to a pixel; truncated towards zero, then clamped. Red and blue come from
 // 16.16 factors: 1.402 and 1.772 times a whole number, 0 apart, stay at least 0.002 away from the next whole number,
 // more than these factors are off; so the result is that of the products in double precision. Green has sums that
@@ -27,31 +25,15 @@ inline Pixel32 jpegPixel(int y, int cb, int cr, int k) {
     return static_cast<Pixel32>(k) << 24 | byte(red) << 16 | byte(green) << 8 | byte(blue);
 }
 
-// The decoder's inner loops, in a plain form and, where the processor offers it, a vectorised one with the same bits.
-struct JpegKernels {
-    // Writes a block's 8 x 8 samples to destination, rows stride bytes apart (jpeg_transform.h).
-    void (*transform)(const JpegBlock& block, std::uint8_t* destination, std::size_t stride);
-
-    // mixed[i] = top[i] x (4 - quarters) + bottom[i] x quarters; quarters 0 to 3.
-    void (*mixRows)(const std::uint8_t* top, const std::uint8_t* bottom, int quarters, std::uint16_t* mixed,
-                    std::size_t count);
-
-    // From samples in quarters: row[2i] = sample i, row[2i + 1] = the mean of samples i and i + 1, both truncated.
-    // Writes 2 x count bytes and reads count + 1 samples.
-    void (*doubleRow)(const std::uint16_t* mixed, std::uint8_t* row, std::size_t count);
-
-    // One row of pixels from its components (jpegPixel).
-    void (*convertRow)(const std::uint8_t* const components[4], Pixel32* pixels, std::size_t count);
-};
-
-// The plain forms.
+// mixed[i] = top[i] x (4 - quarters) + bottom[i] x quarters; quarters 0 to 3.
 void jpegMixRows(const std::uint8_t* top, const std::uint8_t* bottom, int quarters, std::uint16_t* mixed,
                  std::size_t count);
-void jpegDoubleRow(const std::uint16_t* mixed, std::uint8_t* row, std::size_t count);
-void jpegConvertRow(const std::uint8_t* const components[4], Pixel32* pixels, std::size_t count);
 
-extern const JpegKernels jpegPlainKernels;
-const JpegKernels* jpegVectorKernels(); // null where there are none
-const JpegKernels& jpegKernels();       // those to use
+// From samples in quarters: row[2i] = sample i, row[2i + 1] = the mean of samples i and i + 1, both truncated. Writes
+// 2 x count bytes and reads count + 1 samples.
+void jpegDoubleRow(const std::uint16_t* mixed, std::uint8_t* row, std::size_t count);
+
+// One row of pixels from its components (jpegPixel).
+void jpegConvertRow(const std::uint8_t* const components[4], Pixel32* pixels, std::size_t count);
 
 } // namespace lumenfold

@@ -50,13 +50,12 @@ const std::uint8_t* JpegRowSampler::row(int y) {
 }
 
 void JpegRowSampler::sampleQuarters(int y) {
-    const JpegKernels& kernels = jpegKernels();
     const int line = component.vertical * y;
     const std::uint8_t* top = component.row(line / frame.verticalMax);
     const int quarters = line % frame.verticalMax * (4 / frame.verticalMax);
-    kernels.mixRows(top, top + component.stride, quarters, mixed.data(), static_cast<std::size_t>(component.width) + 2);
+    jpegMixRows(top, top + component.stride, quarters, mixed.data(), static_cast<std::size_t>(component.width) + 2);
     if (2 * component.horizontal == frame.horizontalMax) {
-        kernels.doubleRow(mixed.data(), samples.data(), static_cast<std::size_t>(frame.width + 1) / 2);
+        jpegDoubleRow(mixed.data(), samples.data(), static_cast<std::size_t>(frame.width + 1) / 2);
         return;
     }
     for (int x = 0; x < frame.width; ++x) {
@@ -111,7 +110,6 @@ void convertPlanes(JpegFrame& frame, Pixel32* destination) {
         return;
     for (JpegComponent& component : frame.components)
         clearBorder(component);
-    const JpegKernels& kernels = jpegKernels();
     const auto width = static_cast<std::size_t>(frame.width);
     const std::vector<std::uint8_t> zeros(width, std::uint8_t{0});
     const std::vector<std::uint8_t> middles(width, std::uint8_t{128});
@@ -123,7 +121,7 @@ void convertPlanes(JpegFrame& frame, Pixel32* destination) {
     for (int y = 0; y < frame.height; ++y) {
         for (std::size_t c = 0; c < samplers.size(); ++c)
             rows[c] = samplers[c].row(y);
-        kernels.convertRow(rows, destination + static_cast<std::size_t>(y) * width, width);
+        jpegConvertRow(rows, destination + static_cast<std::size_t>(y) * width, width);
     }
     repairEdges(destination, frame.width, frame.height);
 }

@@ -15,20 +15,13 @@ struct alignas(32) JpegBlock {
     int count; // of the coefficients that have been set, as coefficient 0 always is; all others are 0
 };
 
-// What the forms share. products[coefficient][pixel]: the cosine entries, for the sums that are the definition.
-// lines[frequency][position]: one dimension of them. Both forms first try two passes, through the rows and the columns
-// of a block, and take a sample from there only where the largest possible error would not change it.
+// products[coefficient][pixel]: the cosine entries, for the sums that are the definition.
 struct JpegCosines {
     alignas(32) double products[64][64];
-    double lines[8][8];
 };
 const JpegCosines& jpegCosines();
 
-// A block of nothing but its mean, coefficient 0.
-void jpegFlatBlock(std::int32_t coefficient, std::uint8_t* destination, std::size_t stride);
-
-// The forms of JpegKernels::transform; the second one needs the vector instructions.
-void jpegTransformPlain(const JpegBlock& block, std::uint8_t* destination, std::size_t stride);
-void jpegTransformVector(const JpegBlock& block, std::uint8_t* destination, std::size_t stride);
+// Writes a block's 8 x 8 samples to destination, rows stride bytes apart.
+void jpegTransform(const JpegBlock& block, std::uint8_t* destination, std::size_t stride);
 
 } // namespace lumenfold

@@ -1,8 +1,8 @@
-// Google Benchmark over the fillers: right triangles of several sides, with the vectorised and with the plain code.
+// Google Benchmark over the fillers: right triangles of several sides, with every target's vector instructions.
 // items_per_second are covered pixels.
 
 #include "bench/filler_load.h"
-#include "core/kernels.h"
+#include "core/vector_target.h"
 
 #include <benchmark/benchmark.h>
 
@@ -12,22 +12,20 @@ namespace lumenfold::bench {
 
 namespace {
 
-void drawTriangles(benchmark::State& state, FillerMode mode, int side, bool vector) {
-    setVectorCode(vector);
+void drawTriangles(benchmark::State& state, FillerMode mode, int side, const std::string& target) {
+    useVectorTarget(target);
     FillerLoad load(mode, side);
     for (auto _ : state) // NOLINT(clang-analyzer-deadcode.DeadStores): the library counts with it
         load.drawPicture();
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * load.coveredPixels());
-    setVectorCode(true);
 }
 
 const bool registered = [] {
     for (const FillerMode mode : fillerModes) {
         for (const int side : fillerSides) {
-            for (const bool vector : {true, false}) {
-                const std::string name =
-                    std::string(fillerName(mode)) + (vector ? "/vector/" : "/plain/") + std::to_string(side);
-                benchmark::RegisterBenchmark(name.c_str(), drawTriangles, mode, side, vector);
+            for (const std::string& target : vectorTargets()) {
+                const std::string name = std::string(fillerName(mode)) + "/" + target + "/" + std::to_string(side);
+                benchmark::RegisterBenchmark(name.c_str(), drawTriangles, mode, side, target);
             }
         }
     }

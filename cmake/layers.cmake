@@ -11,15 +11,14 @@ if(LUMENFOLD_SANITIZE)
   target_link_options(lumenfold_flags INTERFACE -fsanitize=${LUMENFOLD_SANITIZE})
 endif()
 
-# Files named *_avx2.cpp hold the vectorised kernels; only they may use the wider instructions, and they are
-# entered only after a check at run time.
-function(lumenfold_vector_flags)
-  foreach(source ${ARGN})
-    if(source MATCHES "_avx2\\.cpp$" AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
-      set_source_files_properties(${source} PROPERTIES COMPILE_OPTIONS "-mavx2")
-    endif()
-  endforeach()
-endfunction()
+# The targets that the vectorised loops are compiled for, besides one without vector instructions (EMU128): SSE4, AVX2
+# and AVX3 (AVX-512), NEON, or the browser's. What lies between them brings nothing.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(HWY REQUIRED IMPORTED_TARGET libhwy)
+target_link_libraries(lumenfold_flags INTERFACE PkgConfig::HWY)
+target_compile_definitions(
+  lumenfold_flags INTERFACE "HWY_DISABLED_TARGETS=(HWY_SSSE3|HWY_AVX3_DL|HWY_SVE|HWY_SVE2|HWY_SVE_256|HWY_SVE2_128)"
+                            HWY_BROKEN_EMU128=0) # older compilers are said to break it; the tests would show that
 
 # lumenfold_layer(NAME [DIR folder] [DEPENDS layer...]): one static library from all sources of one folder.
 function(lumenfold_layer name)
@@ -29,7 +28,6 @@ function(lumenfold_layer name)
   endif()
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${arg_DIR}/*.cpp)
   if(sources)
-    lumenfold_vector_flags(${sources})
     add_library(lumenfold_${name} STATIC ${sources})
     set(scope PUBLIC)
   else()

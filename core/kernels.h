@@ -6,10 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 
-// The loops over packed pixels that the scenes share. Every routine has a plain form and, where the processor
-// offers it, a vectorised one with the same bits, chosen once at run time. All four bytes of a pixel take part, the
-// top byte too. Blocks are caller-owned; count is in pixels; sources may be the destination itself unless said
-// otherwise, but must not overlap it partly.
+// The loops over packed pixels that the scenes share, in the vector instructions that the processor has
+// (core/vector_target.h). All four bytes of a pixel take part, the top byte too. Blocks are caller-owned; count is in
+// pixels; sources may be the destination itself unless said otherwise, but must not overlap it partly.
 
 namespace lumenfold {
 
@@ -66,10 +65,5 @@ void copyBlock(Pixel32* destination, int destinationPitch, const Pixel32* source
 
 // Fills a block of width x height pixels within rows of the given length.
 void fillBlock(Pixel32* destination, int pitch, int width, int height, Pixel32 value);
-
-// Whether the vectorised forms are used: on at start where the processor has them. Turning them off is for tests
-// and comparisons; turning them on where the processor lacks them does nothing. Renderer and readers obey it too.
-bool vectorCode();
-void setVectorCode(bool on);
 
 } // namespace lumenfold

@@ -73,15 +73,15 @@ void drawGridWarp(Pixel32* target, FrameInfo area, const WarpGrid& grid, const P
 void fillWarpCell(FrameInfo area, Pixel32* target, const Pixel32* texture, int x0, int y0,
                   const std::array<std::int32_t, 4>& u, const std::array<std::int32_t, 4>& v) {
     fillBetween(target + y0 * area.width + x0, area.width, area.width / cellColumns, area.height / cellRows, u, v,
-                texture, warpSpans().wrapped);
+                texture, fillWrappedSpan);
 }
 
 void warpQuadClamped(FrameInfo area, Pixel32* target, const Pixel32* source, const WarpQuad& quad) {
-    fillBetween(target, area.width, area.width, area.height, quad.x, quad.y, source, warpSpans().clamped);
+    fillBetween(target, area.width, area.width, area.height, quad.x, quad.y, source, fillClampedSpan);
 }
 
 void warpQuadWrapped(FrameInfo area, Pixel32* target, const Pixel32* texture, const WarpQuad& quad) {
-    fillBetween(target, area.width, area.width, area.height, quad.x, quad.y, texture, warpSpans().wrapped);
+    fillBetween(target, area.width, area.width, area.height, quad.x, quad.y, texture, fillWrappedSpan);
 }
 
 } // namespace lumenfold

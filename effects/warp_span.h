@@ -6,8 +6,7 @@
 
 namespace lumenfold {
 
-// One row of a warp: count pixels whose source column x and row y (16.16, wrapping) step by dx and dy. Both warps look
-// up through a plain and a vectorised form with the same bits.
+// One row of a warp: count pixels whose source column x and row y (16.16, wrapping) step by dx and dy.
 struct WarpSpan {
     Pixel32* target;
     int count;
@@ -24,17 +23,5 @@ void fillWrappedSpan(const WarpSpan& span, const Pixel32* texture);
 
 // From a 512 x 512 source, both coordinates limited to 0..511.
 void fillClampedSpan(const WarpSpan& span, const Pixel32* source);
-
-struct WarpSpanTable {
-    WarpSpanFill wrapped;
-    WarpSpanFill clamped;
-};
-
-// The vectorised forms; null where the compiler's target lacks the instructions. To be entered only while
-// vectorCode() is true.
-extern const WarpSpanTable* const vectorWarpSpans;
-
-// The forms in use.
-WarpSpanTable warpSpans();
 
 } // namespace lumenfold

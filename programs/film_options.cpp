@@ -2,6 +2,7 @@
 
 #include "assets/draw_mode.h"
 #include "core/sync_values.h"
+#include "core/vector_target.h"
 #include "driver/scene_table.h"
 
 #include <CLI/CLI.hpp>
@@ -174,8 +175,9 @@ void addOptions(CLI::App& program, Options& options) {
         .add_option("--show", options.showFolder,
                     "where the show's files are (./show, this folder, or where it was installed)")
         ->option_text("FOLDER");
-    program.add_flag("--plain", options.plain,
-                     "without the processor's vector instructions; the pictures are the same");
+    program.add_option("--target", options.target, "the vector instructions to use; the pictures are the same")
+        ->option_text("NAME")
+        ->check(CLI::IsMember(vectorTargets()));
     object->excludes(part);
 }
 

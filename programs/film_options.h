@@ -35,7 +35,7 @@ struct Options {
     std::string object;                // turntable; empty: none
     std::uint32_t mode = 0;            // turntable: drawing mode, 0: the file's own
     std::string showFolder;            // where the assets are; empty: searched
-    bool plain = false;                // without vector code
+    std::string target;                // vector instructions; empty: the best
     std::string answer;                // to --help, --version or --scene list: printed instead of filming
 
     // Whole factor by which the picture is enlarged.

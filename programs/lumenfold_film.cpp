@@ -1,6 +1,6 @@
 // Films the show, or one of its scenes, to files: the demo on the offline platform.
 
-#include "core/kernels.h"
+#include "core/vector_target.h"
 #include "driver/error_text.h"
 #include "driver/show.h"
 #include "programs/film_show.h"
@@ -74,7 +74,8 @@ int makeFilm(Options options) {
     if (options.timeline)
         film.add(makeTimelineTable(lines, options.fps));
 
-    setVectorCode(!options.plain);
+    if (!options.target.empty())
+        useVectorTarget(options.target);
     catchInterrupts();
     if (!options.object.empty())
         std::fputs(filmObject(film, options).c_str(), stderr);

@@ -35,20 +35,9 @@ struct AffineRun {
 template <int layers>
 using DrawAffineRun = void (*)(const AffineRun<layers>& run);
 
-// The loops of one mode. Short runs get the plain one: a load that meets part of a masked store has to wait for it,
-// which on small triangles costs more than the lanes gain.
-template <int layers>
-struct AffineLoops {
-    static constexpr std::int32_t shortRun = 4;
-
-    DrawAffineRun<layers> shortRuns, longRuns;
-
-    void operator()(const AffineRun<layers>& run) const { (run.count <= shortRun ? shortRuns : longRuns)(run); }
-};
-
-// The loops eight pixels at a time; null where this build has no vector code. To be called while vectorCode().
-DrawAffineRun<1> vectorAffineRun();
-DrawAffineRun<1> vectorAffineRunAdd();
-DrawAffineRun<2> vectorTwoLayerRun();
+// A pixel is drawn where its 1/z lies before the eye and nearer than what is there.
+void drawAffineRun(const AffineRun<1>& run);
+void drawAffineRunAdd(const AffineRun<1>& run); // added to the pixels
+void drawTwoLayerRun(const AffineRun<2>& run);  // the sum of both textures
 
 } // namespace lumenfold

@@ -1,11 +1,7 @@
 #include "render/filler_affine.h"
 
 #include "core/convert.h"
-#include "core/kernels.h"
-#include "core/packed.h"
-#include "render/affine_span.h"
 #include "render/affine_walk.h"
-#include "render/texel.h"
 
 namespace lumenfold {
 
@@ -18,27 +14,8 @@ SnappedCorner<1> snapped(const AffineCorner& corner) {
     return {truncate(corner.x), truncate(corner.y), corner.z, {{truncate(corner.u1), truncate(corner.v1)}}};
 }
 
-Pixel32 texel(const Run& run, const Coordinates<1>& at) {
-    return texelAt(run.textures.of[0], static_cast<std::uint32_t>(at.of[0]), static_cast<std::uint32_t>(at.of[1]));
-}
-
-void drawOpaque(const Run& run) {
-    drawRunPlain(run, [&run](const Coordinates<1>& at, Pixel32) { return texel(run, at); });
-}
-
-void drawAdded(const Run& run) {
-    drawRunPlain(run, [&run](const Coordinates<1>& at, Pixel32 pixel) { return addSaturated(texel(run, at), pixel); });
-}
-
-AffineLoops<1> opaqueLoops() {
-    return {drawOpaque, vectorCode() ? vectorAffineRun() : drawOpaque};
-}
-AffineLoops<1> addedLoops() {
-    return {drawAdded, vectorCode() ? vectorAffineRunAdd() : drawAdded};
-}
-
 void drawSpan(const End& a, const End& b, std::int32_t row, const Pixel32* texture, FrameInfo info, Pixel32* target,
-              float depthBias, AffineLoops<1> drawRun) {
+              float depthBias, DrawAffineRun<1> drawRun) {
     Run run;
     run.textures = {{texture}};
     if (makeAffineRun(run, a, b, row, info, target, depthBias))
@@ -46,7 +23,7 @@ void drawSpan(const End& a, const End& b, std::int32_t row, const Pixel32* textu
 }
 
 void drawTriangle(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
-                  float depthBias, AffineLoops<1> drawRun) {
+                  float depthBias, DrawAffineRun<1> drawRun) {
     walkAffineTriangle<1>({snapped(corners[0]), snapped(corners[1]), snapped(corners[2])}, info.height,
                           [&](const End& a, const End& b, std::int32_t row) {
                               drawSpan(a, b, row, texture, info, target, depthBias, drawRun);
@@ -57,24 +34,24 @@ void drawTriangle(const AffineCorner (&corners)[3], const Pixel32* texture, Fram
 
 void drawTriangleAffine(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
                         float depthBias) {
-    drawTriangle(corners, texture, info, target, depthBias, opaqueLoops());
+    drawTriangle(corners, texture, info, target, depthBias, drawAffineRun);
 }
 
 void drawTriangleAffineAdd(const AffineCorner (&corners)[3], const Pixel32* texture, FrameInfo info, Pixel32* target,
                            float depthBias) {
-    drawTriangle(corners, texture, info, target, depthBias, addedLoops());
+    drawTriangle(corners, texture, info, target, depthBias, drawAffineRunAdd);
 }
 
 void drawSpanAffine(std::int32_t xa, std::int32_t xb, float za, float zb, std::int32_t ua, std::int32_t ub,
                     std::int32_t va, std::int32_t vb, std::int32_t row, const Pixel32* texture, FrameInfo info,
                     Pixel32* target, float depthBias) {
-    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, opaqueLoops());
+    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, drawAffineRun);
 }
 
 void drawSpanAffineAdd(std::int32_t xa, std::int32_t xb, float za, float zb, std::int32_t ua, std::int32_t ub,
                        std::int32_t va, std::int32_t vb, std::int32_t row, const Pixel32* texture, FrameInfo info,
                        Pixel32* target, float depthBias) {
-    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, addedLoops());
+    drawSpan({xa, za, {{ua, va}}}, {xb, zb, {{ub, vb}}}, row, texture, info, target, depthBias, drawAffineRunAdd);
 }
 
 } // namespace lumenfold

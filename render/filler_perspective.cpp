@@ -1,7 +1,6 @@
 #include "render/filler_perspective.h"
 
 #include "core/convert.h"
-#include "core/kernels.h"
 #include "render/depth_buffer.h"
 #include "render/perspective_rows.h"
 #include "render/planar.h"
@@ -145,14 +144,14 @@ void drawTriangle(const PerspectiveCorner (&projected)[3], PerspectiveTriangle& 
 void drawTexturedPerspective(const PerspectiveCorner (&corners)[3], const Pixel32* texture, FrameInfo info,
                              Pixel32* target, float depthBias) {
     PerspectiveTriangle triangle{texture, target, depthBuffer, info.width, depthBias, 0, {}, {}};
-    drawTriangle(corners, triangle, info.height, vectorCode() ? vectorRows() : drawRowsPlain);
+    drawTriangle(corners, triangle, info.height, drawPerspectiveRows);
 }
 
 void drawTexturedPerspectiveAdd(const PerspectiveCorner (&corners)[3], const Pixel32* texture, FrameInfo info,
                                 Pixel32* target, float depthBias, std::int32_t scroll) {
     PerspectiveTriangle triangle{
         texture, target, depthBuffer, info.width, depthBias, static_cast<std::uint32_t>(toFixed16(scroll)), {}, {}};
-    drawTriangle(corners, triangle, info.height, vectorCode() ? vectorRowsAdd() : drawRowsAddPlain);
+    drawTriangle(corners, triangle, info.height, drawPerspectiveRowsAdd);
 }
 
 } // namespace lumenfold

@@ -34,25 +34,15 @@ struct PerspectiveEdges {
     Planar planarStep;
 };
 
-// Texture coordinates of a run of pixels: where it starts, and their steps per pixel; 16.16.
-struct RunCoordinates {
-    std::int32_t u, v;
-    std::int32_t uStep, vStep;
-};
-
-// The pixels of one opaque run in plain form: `at` is the first one's index, w its 1/z.
-void drawRunPlain(const PerspectiveTriangle& triangle, std::int64_t at, std::int32_t count,
-                  const RunCoordinates& coordinates, float w, float wStep);
-
 // Draws rows [row, end), all of them on the target, and leaves the edges at row end.
 using PerspectiveRows = void (*)(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row,
                                  std::int32_t end);
 
-void drawRowsPlain(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row, std::int32_t end);
-void drawRowsAddPlain(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row, std::int32_t end);
+void drawPerspectiveRows(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row,
+                         std::int32_t end);
 
-// The same bits eight pixels at a time; null where this build has no vector code. To be called while vectorCode().
-PerspectiveRows vectorRows();
-PerspectiveRows vectorRowsAdd();
+// The texels added to the pixels, and no depth written.
+void drawPerspectiveRowsAdd(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row,
+                            std::int32_t end);
 
 } // namespace lumenfold

@@ -20,13 +20,7 @@ inline Planar operator/(const Planar& a, float divisor) {
     return {a.u / divisor, a.v / divisor, a.w / divisor, a.again / divisor};
 }
 
-inline void advance(PerspectiveEdges& edges) {
-    edges.left += edges.leftStep;
-    edges.right += edges.rightStep;
-    edges.planar = edges.planar + edges.planarStep;
-}
-
-// The same as so many single steps.
+// The edges so many rows further down, as if by single steps.
 inline void advance(PerspectiveEdges& edges, std::int64_t rows) {
     edges.left = addRepeatedly(edges.left, edges.leftStep, rows);
     edges.right = addRepeatedly(edges.right, edges.rightStep, rows);

@@ -1,12 +1,9 @@
 #include "render/ray_field.h"
 
 #include "core/convert.h"
-#include "core/kernels.h"
-#include "core/packed.h"
 #include "core/trig.h"
 #include "render/matrix.h"
 #include "render/ray_field_cell.h"
-#include "render/texel.h"
 #include "render/transform.h"
 
 #include <algorithm>
@@ -87,10 +84,6 @@ FieldValue rowStep(const FieldValue& top, const FieldValue& bottom, std::int32_t
     return combine(top, bottom, [height](std::int32_t a, std::int32_t b) { return wrapSub(b, a) / height; });
 }
 
-FieldValue pixelStep(const FieldValue& left, const FieldValue& right) {
-    return combine(left, right, [](std::int32_t a, std::int32_t b) { return wrapSub(a, b) >> fieldCellShift; });
-}
-
 // The cell at (x, y) whose top-left ray is the one given; its sides are divided into `height` steps. What would stand
 // outside the frame is left out.
 void drawCell(const RayField& field, std::size_t topLeft, std::int32_t x, std::int32_t y, Pixel32* target,
@@ -105,31 +98,10 @@ void drawCell(const RayField& field, std::size_t topLeft, std::int32_t x, std::i
     cell.rightStep = rowStep(cell.right, corner(field, below + 1), height);
     cell.width = std::min(width, info.width - x);
     cell.height = std::min(height, info.height - y);
-    const auto fillCell = vectorCode() ? fillFieldCellVector : fillFieldCell;
-    fillCell(target + static_cast<std::ptrdiff_t>(y) * info.width + x, info.width, cell, field.texture);
+    fillFieldCell(target + static_cast<std::ptrdiff_t>(y) * info.width + x, info.width, cell, field.texture);
 }
 
 } // namespace
-
-void fillFieldRow(Pixel32* pixels, std::int32_t count, FieldValue value, FieldValue step, const Pixel32* texture) {
-    for (std::int32_t i = 0; i < count; ++i) {
-        const Pixel32 texel =
-            texelAt(texture, static_cast<std::uint32_t>(value.u), static_cast<std::uint32_t>(value.v));
-        const auto shade = static_cast<std::uint32_t>(value.shade >> 16) & 255;
-        pixels[i] = subtractSaturated(texel, shade * 0x00010101);
-        value = combine(value, step, wrapSub);
-    }
-}
-
-void fillFieldCell(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture) {
-    FieldValue left = cell.left;
-    FieldValue right = cell.right;
-    for (std::int32_t row = 0; row < cell.height; ++row, pixels += pitch) {
-        fillFieldRow(pixels, cell.width, left, pixelStep(left, right), texture);
-        left = combine(left, cell.leftStep, wrapAdd);
-        right = combine(right, cell.rightStep, wrapAdd);
-    }
-}
 
 RayField makeRayField(RayShape shape, const Pixel32* texture) {
     RayField field;

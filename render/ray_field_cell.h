@@ -5,8 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 
-// Plain records only: the vectorised source must not bring in code that the linker could share with the others.
-
 namespace lumenfold {
 
 // What travels over a cell of the ray field: texture coordinates and the darkening, 16.16.
@@ -31,11 +29,5 @@ inline constexpr int fieldCellShift = 4;
 
 // Fills a cell. pixels: its top-left one in rows of pitch; texture: 256 x 256.
 void fillFieldCell(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture);
-
-// The same bits, eight pixels at a time. Call only where vectorCode() holds.
-void fillFieldCellVector(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture);
-
-// Pixels of one row from `value` on.
-void fillFieldRow(Pixel32* pixels, std::int32_t count, FieldValue value, FieldValue step, const Pixel32* texture);
 
 } // namespace lumenfold

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Are the pictures the same from every compiler, at every optimisation, with and without vector instructions, and with a
-# C library that does without FMA? Runs the golden frames and prints a table.
+# Are the pictures the same from every compiler, at every optimisation, with all vector instructions that the processor
+# has, and with a C library that does without FMA? Runs the golden frames and prints a table.
 #   tests/exactness.sh                       gcc and clang, -O0, -O2, -O3 (about a quarter of an hour; logs: build/exactness)
 #   tests/exactness.sh --short test_golden   one program that is built already, the scenes alone (a few seconds)
 set -euo pipefail
@@ -24,29 +24,39 @@ END
         echo "The C library here takes the same path with and without FMA: the last column proves nothing new."
 }
 
-# compare LABEL PROGRAM [OPTION...]: one row of the table, its three runs side by side.
+# run LABEL PROGRAM [OPTION...]: notes in the row whether the frames are equal.
+run() {
+    if "${@:2}" >"$log-$1.log" 2>&1; then
+        row+=$(printf '%-11s' equal)
+    else
+        row+=$(printf '%-11s' DIFFERENT)
+        status=1
+    fi
+}
+
+# compare LABEL PROGRAM [OPTION...]: one row of the table.
 compare() {
-    local label=$1 program=$2 mode row begin=$SECONDS
-    local -A runs
-    local log=$builds/${label// /}
-    shift 2
-    "$program" "$@" >"$log-vector.log" 2>&1 & runs[vector]=$!
-    "$program" "$@" --plain >"$log-plain.log" 2>&1 & runs[plain]=$!
-    GLIBC_TUNABLES=$no_fma "$program" "$@" >"$log-nofma.log" 2>&1 & runs[nofma]=$!
+    local label=$1 target begin=$SECONDS
+    log=$builds/${label// /}
     row=$(printf '%-16s' "$label")
-    for mode in vector plain nofma; do
-        if wait "${runs[$mode]}"; then
-            row+=$(printf '%-11s' equal)
-        else
-            row+=$(printf '%-11s' DIFFERENT)
-            status=1
-        fi
+    shift
+    for target in $targets; do
+        run "$target" "$@" --target "$target"
     done
+    run nofma env GLIBC_TUNABLES=$no_fma "$@"
     echo "$row$((SECONDS - begin)) s"
 }
 
-echo "build           vector     plain      no FMA"
+# The names of the vector instructions to try, and the table's head.
+head_of() {
+    targets=$("$1" --list-targets)
+    printf '%-16s' build
+    printf '%-11s' $targets "no FMA"
+    echo
+}
+
 if [ "${1:-}" = --short ]; then
+    head_of "$2"
     compare "this one" "$2" '--gtest_filter=*ScenesAlone'
 else
     check_no_fma
@@ -57,6 +67,7 @@ else
                 -DCMAKE_CXX_FLAGS_RELEASE=$level -DLUMENFOLD_BENCH=OFF -DLUMENFOLD_FORGE=OFF \
                 ${launcher:=$(command -v ccache >/dev/null && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)} >/dev/null
             cmake --build "$build" --target test_golden >"$build/build.log" || { tail -20 "$build/build.log"; exit 1; }
+            [ "${targets:-}" ] || head_of "$build/tests/test_golden"
             compare "$compiler $level" "$build/tests/test_golden"
         done
     done

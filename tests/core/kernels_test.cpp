@@ -1,12 +1,11 @@
 #include "core/kernels.h"
 
-#include "core/kernel_table.h"
+#include "core/packed.h"
 #include "core/random.h"
 #include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <numeric>
 #include <vector>
 
@@ -30,47 +29,76 @@ TEST(Packed, EveryPairOfBytesInEveryPlace) {
         }
 }
 
-// Runs an operation in both forms on runs of every short length, so that whole vectors and every remainder occur.
-void expectSameBits(const std::function<void(Pixels&, const Pixels&, std::size_t)>& operation) {
-    if (vectorKernels() == nullptr)
-        GTEST_SKIP() << "this processor has no vectorised kernels";
-    for (std::size_t count = 0; count < 70; ++count) {
-        const Pixels start = test::randomPixels(count + 3, 1);
-        const Pixels other = test::randomPixels(count + 3, 2);
-        Pixels plain = start;
-        Pixels vector = start;
-        setVectorCode(false);
-        operation(plain, other, count);
-        setVectorCode(true);
-        operation(vector, other, count);
-        ASSERT_EQ(plain, vector) << count << " pixels";
-        ASSERT_TRUE(std::equal(start.begin() + static_cast<std::ptrdiff_t>(count), start.end(),
-                               vector.begin() + static_cast<std::ptrdiff_t>(count)))
-            << "wrote past " << count << " pixels";
+using test::perByte;
+
+// Runs an operation on blocks of every short length, so that whole vectors and every remainder occur; expected gives a
+// pixel of the result.
+template <class Operation, class Expected>
+void expectPixels(const char* what, Operation operation, Expected expected) {
+    test::onEveryTarget([&] {
+        for (std::size_t count = 0; count < 70; ++count) {
+            const Pixels start = test::randomPixels(count + 3, 1);
+            const Pixels other = test::randomPixels(count + 3, 2);
+            Pixels pixels = start;
+            operation(pixels.data(), other.data(), count);
+            for (std::size_t i = 0; i < start.size(); ++i)
+                ASSERT_EQ(pixels[i], i < count ? expected(start[i], other[i], i, count) : start[i])
+                    << what << ", pixel " << i << " of " << count;
+        }
+    });
+}
+
+TEST(Kernels, DoTheSameToEveryByte) {
+    const auto sum = [](unsigned a, unsigned b) { return a + b > 255 ? 255 : a + b; };
+    const auto mean = [](unsigned a, unsigned b) { return a / 2 + b / 2; };
+    using Size = std::size_t;
+    expectPixels(
+        "sum", [](Pixel32* p, const Pixel32* q, Size n) { addSaturated(p, q, n); },
+        [&](Pixel32 a, Pixel32 b, Size, Size) { return perByte(a, b, sum); });
+    expectPixels(
+        "sum with a constant", [](Pixel32* p, const Pixel32*, Size n) { addSaturatedConstant(p, 0x80FF0140, n); },
+        [&](Pixel32 a, Pixel32, Size, Size) { return perByte(a, 0x80FF0140, sum); });
+    expectPixels(
+        "mean", [](Pixel32* p, const Pixel32* q, Size n) { averageHalves(p, p, q, n); },
+        [&](Pixel32 a, Pixel32 b, Size, Size) { return perByte(a, b, mean); });
+    expectPixels(
+        "filling", [](Pixel32* p, const Pixel32*, Size n) { fillPixels(p, 0x12345678, n); },
+        [](Pixel32, Pixel32, Size, Size) { return 0x12345678U; });
+    const Pixel32 key = test::randomPixels(10, 2)[7];
+    expectPixels(
+        "overlay", [key](Pixel32* p, const Pixel32* q, Size n) { overlayKeyed(p, q, key, n); },
+        [key](Pixel32 a, Pixel32 b, Size, Size) { return b == key ? a : b; });
+    for (const unsigned factor : {0U, 1U, 127U, 254U, 255U}) {
+        const auto level = static_cast<std::uint8_t>(factor);
+        const auto mix = [factor](unsigned a, unsigned b) { return (a * factor + b * (255 - factor)) >> 8; };
+        expectPixels(
+            "fade", [level](Pixel32* p, const Pixel32*, Size n) { fade(p, level, n); },
+            [&](Pixel32 a, Pixel32, Size, Size) { return perByte(a, 0, mix); });
+        expectPixels(
+            "cross-fade", [level](Pixel32* p, const Pixel32* q, Size n) { crossFade(p, q, level, n); },
+            [&](Pixel32 a, Pixel32 b, Size, Size) { return perByte(a, b, mix); });
     }
 }
 
-TEST(Kernels, VectorisedFormsEqualPlain) {
+TEST(Kernels, LookUpATable) {
     const Pixels texture = test::randomPixels(texturePixels, 3);
     std::vector<std::uint16_t> table(100);
     for (std::uint16_t& entry : table)
         entry = static_cast<std::uint16_t>(rand() * 2);
-    expectSameBits([](Pixels& p, const Pixels& q, std::size_t n) { addSaturated(p.data(), q.data(), n); });
-    expectSameBits([](Pixels& p, const Pixels& q, std::size_t n) { addSaturatedConstant(p.data(), q[0], n); });
-    expectSameBits([](Pixels& p, const Pixels& q, std::size_t n) { averageHalves(p.data(), p.data(), q.data(), n); });
-    expectSameBits([](Pixels& p, const Pixels& q, std::size_t n) { overlayKeyed(p.data(), q.data(), q[n / 2], n); });
-    for (int factor : {0, 1, 127, 254, 255}) {
-        const auto a = static_cast<std::uint8_t>(factor);
-        expectSameBits([a](Pixels& p, const Pixels&, std::size_t n) { fade(p.data(), a, n); });
-        expectSameBits([a](Pixels& p, const Pixels& q, std::size_t n) { crossFade(p.data(), q.data(), a, n); });
-    }
-    for (std::int32_t offset : {0, 1, 65535, -257, 2147483647}) {
-        expectSameBits([&](Pixels& p, const Pixels&, std::size_t n) {
-            mapTable(p.data(), table.data(), offset, texture.data(), n);
-        });
-        expectSameBits([&](Pixels& p, const Pixels&, std::size_t n) {
-            mapTableReversed(p.data(), table.data(), offset, texture.data(), n);
-        });
+    for (const std::int32_t offset : {0, 1, 65535, -257, 2147483647}) {
+        const auto texel = [&](std::size_t entry) {
+            return texture[(table[entry] + static_cast<std::uint32_t>(offset)) & 0xFFFF];
+        };
+        expectPixels(
+            "table",
+            [&](Pixel32* p, const Pixel32*, std::size_t n) { mapTable(p, table.data(), offset, texture.data(), n); },
+            [&](Pixel32, Pixel32, std::size_t i, std::size_t) { return texel(i); });
+        expectPixels(
+            "table backwards",
+            [&](Pixel32* p, const Pixel32*, std::size_t n) {
+                mapTableReversed(p, table.data(), offset, texture.data(), n);
+            },
+            [&](Pixel32, Pixel32, std::size_t i, std::size_t n) { return texel(n - 1 - i); });
     }
 }
 
@@ -101,23 +129,31 @@ TEST(Kernels, SmearsReadWhatTheyHaveJustWritten) {
     EXPECT_EQ(field[19], 0x00030303U);
 }
 
-// Distances within a vector, of one and beyond it; before the run and behind it as many pixels as they reach.
-TEST(Kernels, VectorisedSmearsEqualPlain) {
-    using Smear = void (*)(Pixel32*, std::ptrdiff_t, std::size_t);
-    for (const Smear smear : {Smear{smearHalves}, Smear{smearQuarters}})
-        for (const std::size_t distance : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 15U, 16U, 17U, 64U}) {
-            if (distance == 1 && smear == Smear{smearQuarters})
-                continue;
-            for (std::size_t count = 0; count < 100; ++count) {
-                Pixels forms[2];
-                for (const bool vectorised : {false, true}) {
-                    setVectorCode(vectorised);
-                    Pixels& pixels = forms[vectorised];
-                    pixels = test::randomPixels(distance + count + distance, 5);
-                    smear(pixels.data() + distance, static_cast<std::ptrdiff_t>(distance), count);
-                }
-                ASSERT_EQ(forms[0], forms[1]) << "distance " << distance << ", " << count << " pixels";
+// Distances within a vector, of one and beyond it; before the run and after it as many pixels as they reach.
+TEST(Kernels, SmearsGoOneByOne) {
+    const auto quarters = [](Pixel32 pixel) { return perByte(pixel, 0, [](unsigned a, unsigned) { return a / 4; }); };
+    const auto mean = [](unsigned a, unsigned b) { return a / 2 + b / 2; };
+    for (const std::size_t distance : {1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 15U, 16U, 17U, 64U})
+        for (std::size_t count = 0; count < 100; ++count) {
+            const auto reach = static_cast<std::ptrdiff_t>(distance);
+            const Pixels start = test::randomPixels(distance + count + distance, 5);
+            Pixels halved = start;
+            Pixels quartered = start;
+            for (std::size_t i = distance; i < distance + count; ++i) {
+                halved[i] = perByte(halved[i - distance], halved[i + distance], mean);
+                quartered[i] = quarters(quartered[i - 1]) + quarters(quartered[i + 1]) +
+                               quarters(quartered[i - distance]) + quarters(quartered[i + distance]);
             }
+            test::onEveryTarget([&] {
+                Pixels pixels = start;
+                smearHalves(pixels.data() + distance, reach, count);
+                ASSERT_EQ(pixels, halved) << "halves, distance " << distance << ", " << count << " pixels";
+                if (distance == 1)
+                    return;
+                pixels = start;
+                smearQuarters(pixels.data() + distance, reach, count);
+                ASSERT_EQ(pixels, quartered) << "quarters, distance " << distance << ", " << count << " pixels";
+            });
         }
 }
 

@@ -10,8 +10,8 @@
 namespace lumenfold {
 namespace {
 
+using test::onEveryTarget;
 using test::randomPixels;
-using test::withBothForms;
 
 // 16.16 values in 32 bits that wrap.
 std::int32_t low32(std::int64_t value) {
@@ -77,7 +77,7 @@ TEST_P(QuadWarp, MatchesTheRowByRowWalk) {
     std::mt19937 random(2);
     for (int turn = 0; turn < 8; ++turn) {
         const WarpQuad quad{randomCorners(random, low, high), randomCorners(random, low, high)};
-        withBothForms([&] {
+        onEveryTarget([&] {
             std::vector<Pixel32> shipped(expected.size(), 7); // the tail must stay
             warpRows(expected, 0, width, width, height, quad.x, quad.y, clamped(source));
             warpQuadClamped(area, shipped.data(), source.data(), quad);
@@ -136,7 +136,7 @@ TEST(GridWarp, FillsEveryCellAndMovesTheOffset) {
         for (const std::int32_t offset : {0, 257, -1000000, 2147483000}) {
             const WarpGrid grid = randomGrid(static_cast<unsigned>(offset));
             const auto expected = gridWarp(width, height, grid, texture, offset);
-            withBothForms([&, w = width, h = height] {
+            onEveryTarget([&, w = width, h = height] {
                 std::vector<Pixel32> shipped(expected.size(), 7);
                 warpOffset = offset;
                 drawGridWarp(shipped.data(), {w, h, 0, 0, 0}, grid, texture.data(), 1000);

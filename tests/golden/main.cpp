@@ -1,9 +1,10 @@
 // test_golden                 compares every frame with the hashes of this folder
 // test_golden --update        writes the hashes anew; a commit that changes them says what the eye should see
 // test_golden --against REV   shows what the first different frame of each film looked like in that revision
-// test_golden --plain         without the processor's vector instructions
+// test_golden --list-targets  names the vector instructions that there are
+// test_golden --target NAME   with these vector instructions (core/vector_target.h)
 
-#include "core/kernels.h"
+#include "core/vector_target.h"
 #include "golden_file.h"
 
 #include <gtest/gtest.h>
@@ -19,6 +20,11 @@ int main(int count, char** arguments) {
     const auto find = [&](const char* option) {
         return std::find_if(arguments + 1, end, [&](const char* word) { return std::string(word) == option; });
     };
+    if (find("--list-targets") != end) {
+        for (const std::string& name : lumenfold::vectorTargets())
+            std::cout << name << '\n';
+        return 0;
+    }
     using lumenfold::test::GoldenFile;
     GoldenFile::updating = find("--update") != end;
     if (char** const option = find("--against"); option != end) {
@@ -28,7 +34,8 @@ int main(int count, char** arguments) {
         }
         GoldenFile::against = option[1];
     }
-    lumenfold::setVectorCode(find("--plain") == end);
+    if (char** const option = find("--target"); option != end && option + 1 != end)
+        lumenfold::useVectorTarget(option[1]);
     std::filesystem::current_path(LUMENFOLD_SHOW);
     std::cout.setstate(std::ios::failbit); // the object reader's commentary
     return RUN_ALL_TESTS();

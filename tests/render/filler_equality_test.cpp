@@ -1,4 +1,4 @@
-#include "core/kernels.h"
+#include "core/vector_target.h"
 #include "filler_scene.h"
 
 #include <gtest/gtest.h>
@@ -175,14 +175,10 @@ std::string describe(const Triangle& t, float bias) {
     return text;
 }
 
-class FillerEquality : public testing::TestWithParam<bool> {
+class FillerEquality : public testing::TestWithParam<std::string> {
   protected:
-    void SetUp() override {
-        setVectorCode(GetParam());
-        if (vectorCode() != GetParam())
-            GTEST_SKIP() << "no vector code on this processor";
-    }
-    void TearDown() override { setVectorCode(true); }
+    void SetUp() override { useVectorTarget(GetParam()); }
+    void TearDown() override { useVectorTarget(vectorTargets().front()); }
 };
 
 // The pictures run on from triangle to triangle, so that the depth test meets all sorts of depths.
@@ -251,8 +247,8 @@ TEST_P(FillerEquality, RowsOfEveryLength) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Code, FillerEquality, testing::Bool(),
-                         [](const auto& code) { return code.param ? "vector" : "plain"; });
+INSTANTIATE_TEST_SUITE_P(Targets, FillerEquality, testing::ValuesIn(vectorTargets()),
+                         [](const auto& target) { return target.param; });
 
 } // namespace
 

@@ -1,7 +1,7 @@
 // Corners that no scene makes: nothing is written or read beside the picture, and no call takes long.
 
-#include "core/kernels.h"
 #include "filler_scene.h"
+#include "tests/support/pixels.h"
 
 #include <gtest/gtest.h>
 
@@ -72,7 +72,7 @@ int triangleCount() {
 
 TEST(FillerSafety, AbsurdCornersStayInThePicture) {
     const std::vector<Pixel32> texture = randomPixels(texturePixels, 3);
-    withBothForms([&] {
+    onEveryTarget([&] {
         Random random(11);
         const int sizes[][2] = {{64, 24}, {1, 1}, {7, 5}, {512, 3}, {16, 32}};
         for (const auto& size : sizes) {

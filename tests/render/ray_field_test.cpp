@@ -1,8 +1,8 @@
 #include "render/ray_field.h"
 
 #include "core/convert.h"
-#include "core/kernels.h"
 #include "core/trig.h"
+#include "core/vector_target.h"
 #include "filler_scene.h"
 #include "render/matrix.h"
 
@@ -107,10 +107,10 @@ void drawLiterally(RayField& field, Pixel32* target) {
     }
 }
 
-class RayFieldTest : public testing::TestWithParam<bool> {
+class RayFieldTest : public testing::TestWithParam<std::string> {
   protected:
-    void SetUp() override { setVectorCode(GetParam()); }
-    void TearDown() override { setVectorCode(true); }
+    void SetUp() override { useVectorTarget(GetParam()); }
+    void TearDown() override { useVectorTarget(vectorTargets().front()); }
 
     std::vector<Pixel32> draw(RayField& field) const {
         std::vector<Pixel32> pixels(512 * 384, 0xDEADBEEF);
@@ -118,7 +118,8 @@ class RayFieldTest : public testing::TestWithParam<bool> {
         return pixels;
     }
 };
-INSTANTIATE_TEST_SUITE_P(PlainAndVector, RayFieldTest, testing::Bool());
+INSTANTIATE_TEST_SUITE_P(Targets, RayFieldTest, testing::ValuesIn(vectorTargets()),
+                         [](const auto& target) { return target.param; });
 
 TEST_P(RayFieldTest, EqualsTheReference) {
     Random random(8);
@@ -148,10 +149,10 @@ TEST_P(RayFieldTest, FramesOfOtherSizesStayInside) {
             GuardedPicture picture(width, height);
             RayField field = makeRayField(RayShape::Plane, texture.data());
             drawRayField(field, picture.select(), picture.info());
-            setVectorCode(!GetParam()); // cells that are no multiple of eight pixels wide
+            useVectorTarget(vectorTargets().back()); // cells that are no multiple of a vector wide
             GuardedPicture other(width, height);
             drawRayField(field, other.select(), other.info());
-            setVectorCode(GetParam());
+            useVectorTarget(GetParam());
             ASSERT_TRUE(samePictures(picture, other)) << width << " x " << height;
             ASSERT_TRUE(picture.guardsIntact()) << width << " x " << height;
         }

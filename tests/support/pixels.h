@@ -1,8 +1,11 @@
 #pragma once
 
-#include "core/kernels.h"
+#include "core/pixel.h"
+#include "core/vector_target.h"
 
+#include <gtest/gtest.h>
 #include <random>
+#include <string>
 #include <vector>
 
 namespace lumenfold::test {
@@ -25,15 +28,15 @@ Pixel32 perByte(Pixel32 a, Pixel32 b, Operation operation) {
     return result;
 }
 
-// Runs a test's body with the plain and, where there is one, with the vectorised code.
+// Runs a test's body with the loops of every target that this processor has; leaves the best one in use.
 template <class Body>
-void withBothForms(Body body) {
-    const bool before = vectorCode();
-    for (const bool vector : {false, true}) {
-        setVectorCode(vector);
+void onEveryTarget(Body body) {
+    const std::vector<std::string> targets = vectorTargets();
+    for (auto name = targets.rbegin(); name != targets.rend(); ++name) {
+        SCOPED_TRACE(*name);
+        useVectorTarget(*name);
         body();
     }
-    setVectorCode(before);
 }
 
 } // namespace lumenfold::test

@@ -95,23 +95,25 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 
+#include "core/dispatch.h"
+
 namespace lumenfold {
 
-HWY_EXPORT(mixRows);
-HWY_EXPORT(doubleRow);
-HWY_EXPORT(convertRow);
+LUMENFOLD_TARGETS(mixRows);
+LUMENFOLD_TARGETS(doubleRow);
+LUMENFOLD_TARGETS(convertRow);
 
 void jpegMixRows(const std::uint8_t* top, const std::uint8_t* bottom, int quarters, std::uint16_t* mixed,
                  std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(mixRows)(top, bottom, quarters, mixed, count);
+    LUMENFOLD_TARGET(mixRows)(top, bottom, quarters, mixed, count);
 }
 
 void jpegDoubleRow(const std::uint16_t* mixed, std::uint8_t* row, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(doubleRow)(mixed, row, count);
+    LUMENFOLD_TARGET(doubleRow)(mixed, row, count);
 }
 
 void jpegConvertRow(const std::uint8_t* const components[4], Pixel32* pixels, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(convertRow)(components, pixels, count);
+    LUMENFOLD_TARGET(convertRow)(components, pixels, count);
 }
 
 } // namespace lumenfold

@@ -242,6 +242,7 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 
 #include "core/convert.h"
+#include "core/dispatch.h"
 #include "core/trig.h"
 
 #include <algorithm>
@@ -250,7 +251,7 @@ HWY_AFTER_NAMESPACE();
 
 namespace lumenfold {
 
-HWY_EXPORT(transform);
+LUMENFOLD_TARGETS(transform);
 
 namespace {
 
@@ -293,7 +294,7 @@ void jpegTransform(const JpegBlock& block, std::uint8_t* destination, std::size_
     if (block.count == 1)
         fillFlatBlock(block.coefficients[0], destination, stride);
     else
-        HWY_DYNAMIC_DISPATCH(transform)(block, destination, stride);
+        LUMENFOLD_TARGET(transform)(block, destination, stride);
 }
 
 } // namespace lumenfold

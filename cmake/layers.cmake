@@ -13,12 +13,13 @@ endif()
 
 # The targets that the vectorised loops are compiled for, besides one without vector instructions (EMU128): SSE4, AVX2
 # and AVX3 (AVX-512), NEON, or the browser's. What lies between them brings nothing.
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(HWY REQUIRED IMPORTED_TARGET libhwy)
-target_link_libraries(lumenfold_flags INTERFACE PkgConfig::HWY)
+find_path(LUMENFOLD_HIGHWAY hwy/highway.h REQUIRED) # headers only
+target_include_directories(lumenfold_flags SYSTEM INTERFACE ${LUMENFOLD_HIGHWAY})
 target_compile_definitions(
-  lumenfold_flags INTERFACE "HWY_DISABLED_TARGETS=(HWY_SSSE3|HWY_AVX3_DL|HWY_SVE|HWY_SVE2|HWY_SVE_256|HWY_SVE2_128)"
-                            HWY_BROKEN_EMU128=0) # older compilers are said to break it; the tests would show that
+  lumenfold_flags
+  INTERFACE "HWY_DISABLED_TARGETS=(HWY_SSSE3|HWY_AVX3_DL|HWY_SVE|HWY_SVE2|HWY_SVE_256|HWY_SVE2_128)"
+            HWY_DISABLE_F16C HWY_DISABLE_PCLMUL_AES
+            HWY_BROKEN_EMU128=0) # older compilers are said to break it; the tests would show that
 
 # lumenfold_layer(NAME [DIR folder] [DEPENDS layer...]): one static library from all sources of one folder.
 function(lumenfold_layer name)

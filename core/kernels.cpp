@@ -369,66 +369,68 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 
+#include "core/dispatch.h"
+
 #include <algorithm>
 
 namespace lumenfold {
 
-HWY_EXPORT(addSaturated);
-HWY_EXPORT(addSaturatedConstant);
-HWY_EXPORT(fade);
-HWY_EXPORT(crossFade);
-HWY_EXPORT(averageHalves);
-HWY_EXPORT(smearHalves);
-HWY_EXPORT(smearQuarters);
-HWY_EXPORT(mapTable);
-HWY_EXPORT(mapTableReversed);
-HWY_EXPORT(overlayKeyed);
-HWY_EXPORT(fillPixels);
+LUMENFOLD_TARGETS(addSaturated);
+LUMENFOLD_TARGETS(addSaturatedConstant);
+LUMENFOLD_TARGETS(fade);
+LUMENFOLD_TARGETS(crossFade);
+LUMENFOLD_TARGETS(averageHalves);
+LUMENFOLD_TARGETS(smearHalves);
+LUMENFOLD_TARGETS(smearQuarters);
+LUMENFOLD_TARGETS(mapTable);
+LUMENFOLD_TARGETS(mapTableReversed);
+LUMENFOLD_TARGETS(overlayKeyed);
+LUMENFOLD_TARGETS(fillPixels);
 
 void addSaturated(Pixel32* destination, const Pixel32* source, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(addSaturated)(destination, destination, source, count);
+    LUMENFOLD_TARGET(addSaturated)(destination, destination, source, count);
 }
 
 void addSaturated(Pixel32* destination, const Pixel32* a, const Pixel32* b, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(addSaturated)(destination, a, b, count);
+    LUMENFOLD_TARGET(addSaturated)(destination, a, b, count);
 }
 
 void addSaturatedConstant(Pixel32* destination, Pixel32 value, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(addSaturatedConstant)(destination, value, count);
+    LUMENFOLD_TARGET(addSaturatedConstant)(destination, value, count);
 }
 
 void fade(Pixel32* pixels, std::uint8_t factor, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(fade)(pixels, factor, count);
+    LUMENFOLD_TARGET(fade)(pixels, factor, count);
 }
 
 void crossFade(Pixel32* pixels, const Pixel32* other, std::uint8_t factor, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(crossFade)(pixels, other, factor, count);
+    LUMENFOLD_TARGET(crossFade)(pixels, other, factor, count);
 }
 
 void averageHalves(Pixel32* destination, const Pixel32* a, const Pixel32* b, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(averageHalves)(destination, a, b, count);
+    LUMENFOLD_TARGET(averageHalves)(destination, a, b, count);
 }
 
 void smearHalves(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(smearHalves)(pixels, distance, count);
+    LUMENFOLD_TARGET(smearHalves)(pixels, distance, count);
 }
 
 void smearQuarters(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(smearQuarters)(pixels, distance, count);
+    LUMENFOLD_TARGET(smearQuarters)(pixels, distance, count);
 }
 
 void mapTable(Pixel32* destination, const std::uint16_t* table, std::int32_t offset, const Pixel32* texture,
               std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(mapTable)(destination, table, offset, texture, count);
+    LUMENFOLD_TARGET(mapTable)(destination, table, offset, texture, count);
 }
 
 void mapTableReversed(Pixel32* destination, const std::uint16_t* table, std::int32_t offset, const Pixel32* texture,
                       std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(mapTableReversed)(destination, table, offset, texture, count);
+    LUMENFOLD_TARGET(mapTableReversed)(destination, table, offset, texture, count);
 }
 
 void overlayKeyed(Pixel32* pixels, const Pixel32* overlay, Pixel32 key, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(overlayKeyed)(pixels, overlay, key, count);
+    LUMENFOLD_TARGET(overlayKeyed)(pixels, overlay, key, count);
 }
 
 void copyPixels(Pixel32* destination, const Pixel32* source, std::size_t count) {
@@ -436,7 +438,7 @@ void copyPixels(Pixel32* destination, const Pixel32* source, std::size_t count) 
 }
 
 void fillPixels(Pixel32* destination, Pixel32 value, std::size_t count) {
-    HWY_DYNAMIC_DISPATCH(fillPixels)(destination, value, count);
+    LUMENFOLD_TARGET(fillPixels)(destination, value, count);
 }
 
 void stampAdd(Pixel32* target, int targetWidth, int targetHeight, const Pixel32* sprite, int width, int height, int x,

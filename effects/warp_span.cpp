@@ -72,16 +72,18 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 
+#include "core/dispatch.h"
+
 namespace lumenfold {
 
-HWY_EXPORT(fillWrapped);
-HWY_EXPORT(fillClamped);
+LUMENFOLD_TARGETS(fillWrapped);
+LUMENFOLD_TARGETS(fillClamped);
 
 void fillWrappedSpan(const WarpSpan& span, const Pixel32* texture) {
-    HWY_DYNAMIC_DISPATCH(fillWrapped)(span, texture);
+    LUMENFOLD_TARGET(fillWrapped)(span, texture);
 }
 void fillClampedSpan(const WarpSpan& span, const Pixel32* source) {
-    HWY_DYNAMIC_DISPATCH(fillClamped)(span, source);
+    LUMENFOLD_TARGET(fillClamped)(span, source);
 }
 
 } // namespace lumenfold

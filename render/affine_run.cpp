@@ -134,20 +134,22 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 
+#include "core/dispatch.h"
+
 namespace lumenfold {
 
-HWY_EXPORT(drawOpaque);
-HWY_EXPORT(drawAdded);
-HWY_EXPORT(drawTwoLayers);
+LUMENFOLD_TARGETS(drawOpaque);
+LUMENFOLD_TARGETS(drawAdded);
+LUMENFOLD_TARGETS(drawTwoLayers);
 
 void drawAffineRun(const AffineRun<1>& run) {
-    HWY_DYNAMIC_DISPATCH(drawOpaque)(run);
+    LUMENFOLD_TARGET(drawOpaque)(run);
 }
 void drawAffineRunAdd(const AffineRun<1>& run) {
-    HWY_DYNAMIC_DISPATCH(drawAdded)(run);
+    LUMENFOLD_TARGET(drawAdded)(run);
 }
 void drawTwoLayerRun(const AffineRun<2>& run) {
-    HWY_DYNAMIC_DISPATCH(drawTwoLayers)(run);
+    LUMENFOLD_TARGET(drawTwoLayers)(run);
 }
 
 } // namespace lumenfold

@@ -245,19 +245,21 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 
+#include "core/dispatch.h"
+
 namespace lumenfold {
 
-HWY_EXPORT(drawRows);
-HWY_EXPORT(drawRowsAdd);
+LUMENFOLD_TARGETS(drawRows);
+LUMENFOLD_TARGETS(drawRowsAdd);
 
 void drawPerspectiveRows(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row,
                          std::int32_t end) {
-    HWY_DYNAMIC_DISPATCH(drawRows)(triangle, edges, row, end);
+    LUMENFOLD_TARGET(drawRows)(triangle, edges, row, end);
 }
 
 void drawPerspectiveRowsAdd(const PerspectiveTriangle& triangle, PerspectiveEdges& edges, std::int32_t row,
                             std::int32_t end) {
-    HWY_DYNAMIC_DISPATCH(drawRowsAdd)(triangle, edges, row, end);
+    LUMENFOLD_TARGET(drawRowsAdd)(triangle, edges, row, end);
 }
 
 } // namespace lumenfold

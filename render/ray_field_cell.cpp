@@ -80,12 +80,14 @@ HWY_AFTER_NAMESPACE();
 
 #if HWY_ONCE
 
+#include "core/dispatch.h"
+
 namespace lumenfold {
 
-HWY_EXPORT(fillCell);
+LUMENFOLD_TARGETS(fillCell);
 
 void fillFieldCell(Pixel32* pixels, std::ptrdiff_t pitch, const FieldCell& cell, const Pixel32* texture) {
-    HWY_DYNAMIC_DISPATCH(fillCell)(pixels, pitch, cell, texture);
+    LUMENFOLD_TARGET(fillCell)(pixels, pitch, cell, texture);
 }
 
 } // namespace lumenfold

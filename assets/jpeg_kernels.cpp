@@ -46,6 +46,8 @@ void doubleRow(const std::uint16_t* mixed, std::uint8_t* row, std::size_t count)
     }
 }
 
+#if HWY_HAVE_FLOAT64
+
 using D = hn::CappedTag<std::int32_t, 8>;
 using Ints8 = hn::Vec<D>;
 constexpr std::size_t lanes = static_cast<std::size_t>(lanesOf<D>);
@@ -68,10 +70,13 @@ HWY_INLINE Ints8 clampByte(Ints8 values) {
     return hn::Min(hn::Max(values, hn::Zero(D())), hn::Set(D(), 255));
 }
 
+#endif
+
 void convertRow(const std::uint8_t* const components[4], Pixel32* pixels, std::size_t count) {
+    std::size_t x = 0;
+#if HWY_HAVE_FLOAT64 // else all pixels go one by one
     const D d;
     const Half h;
-    std::size_t x = 0;
     for (; x + lanes <= count; x += lanes) {
         const Ints8 y = widen(components[0] + x);
         const Ints8 cb = hn::Sub(widen(components[1] + x), hn::Set(d, 128));
@@ -84,6 +89,7 @@ void convertRow(const std::uint8_t* const components[4], Pixel32* pixels, std::s
         const Ints8 low = hn::Or(hn::ShiftLeft<8>(clampByte(greens)), clampByte(blue));
         hn::StoreU(hn::BitCast(hn::RebindToUnsigned<D>(), hn::Or(high, low)), hn::RebindToUnsigned<D>(), pixels + x);
     }
+#endif
     for (; x < count; ++x)
         pixels[x] = jpegPixel(components[0][x], components[1][x], components[2][x], components[3][x]);
 }

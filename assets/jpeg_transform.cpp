@@ -7,6 +7,7 @@
 #define HWY_TARGET_INCLUDE "assets/jpeg_transform.cpp"
 #include <hwy/foreach_target.h> // before anything that includes hwy/highway.h
 
+#include "core/convert.h"
 #include "core/lanes.h"
 
 #include <bit>
@@ -21,8 +22,6 @@ using D = hn::CappedTag<float, 8>;
 using DI = Ints<D>;
 constexpr int width = lanesOf<D>;
 constexpr int parts = 8 / width; // vectors to eight values
-using Doubles = hn::CappedTag<double, 4>;
-constexpr int doubleWidth = lanesOf<Doubles>;
 
 // Bit i: coefficient i is not 0. The others would add nothing.
 std::uint64_t presentOf(const JpegBlock& block) {
@@ -35,6 +34,11 @@ std::uint64_t presentOf(const JpegBlock& block) {
     }
     return present;
 }
+
+#if HWY_HAVE_FLOAT64
+
+using Doubles = hn::CappedTag<double, 4>;
+constexpr int doubleWidth = lanesOf<Doubles>;
 
 // Truncated and clamped; what fits no 32-bit integer is 0, as the smallest one is.
 HWY_INLINE void storeSamples(hn::Vec<Doubles> values, std::uint8_t* destination) {
@@ -69,6 +73,30 @@ void sumProducts(const JpegBlock& block, std::uint64_t present, int first, std::
                      destination + static_cast<std::size_t>(at / 8) * stride + at % 8);
     }
 }
+
+#else
+
+// The sums for some neighbouring rows.
+template <int rows>
+void sumProducts(const JpegBlock& block, std::uint64_t present, int first, std::uint8_t* destination,
+                 std::size_t stride) {
+    double sums[8 * rows] = {};
+    for (std::uint64_t left = present; left != 0; left &= left - 1) {
+        const auto i = static_cast<std::size_t>(std::countr_zero(left));
+        const double* products = jpegCosines().products[i] + 8 * first;
+        for (int n = 0; n < 8 * rows; ++n)
+            sums[n] += products[n] * block.coefficients[i];
+    }
+    for (int n = 0; n < 8 * rows; ++n) {
+        const std::int32_t sample = truncate(sums[n] + 128.0);
+        destination[static_cast<std::size_t>(n / 8) * stride + n % 8] =
+            static_cast<std::uint8_t>(sample < 0     ? 0
+                                      : sample > 255 ? 255
+                                                     : sample);
+    }
+}
+
+#endif
 
 // 256 x cos(k pi / 16) / 2. Both passes together scale by 2^16: their results are 16.16 fixed point.
 constexpr float cosine1 = 125.540515892f;

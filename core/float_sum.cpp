@@ -1,8 +1,8 @@
 #include "core/float_sum.h"
 
 #include <algorithm>
-#include <bit>
 #include <cmath>
+#include <cstring>
 
 namespace lumenfold {
 
@@ -11,7 +11,15 @@ namespace {
 constexpr std::int32_t places = 1 << 23; // floats of one sign and exponent
 
 std::int32_t bitsOf(float value) {
-    return std::bit_cast<std::int32_t>(value);
+    std::int32_t bits;
+    std::memcpy(&bits, &value, sizeof bits);
+    return bits;
+}
+
+float floatOf(std::int32_t bits) {
+    float value;
+    std::memcpy(&value, &bits, sizeof value);
+    return value;
 }
 
 bool sameGrid(float a, float b) {
@@ -41,7 +49,7 @@ float addRepeatedly(float start, float step, std::int64_t count) {
         if (sameGrid(start, first) && sameGrid(first, second)) {
             const std::int32_t difference = bitsOf(second) - bitsOf(first);
             const std::int64_t jump = std::min(count, additionsWithin(bitsOf(first) & (places - 1), difference));
-            start = std::bit_cast<float>(bitsOf(first) + static_cast<std::int32_t>(jump * difference));
+            start = floatOf(bitsOf(first) + static_cast<std::int32_t>(jump * difference));
             count -= jump;
         } else {
             start = first;

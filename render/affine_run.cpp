@@ -26,8 +26,6 @@ HWY_INLINE hn::Vec<D> addBytes(D d, hn::Vec<D> a, hn::Vec<D> b) {
 
 // Each gives new pixels: shade() of a group, shadePixel() of one.
 struct Opaque {
-    static constexpr int layers = 1;
-
     template <class D>
     static HWY_INLINE hn::Vec<D> shade(D d, const AffineRun<1>& run, const At<D, 1>& at, const Pixel32*) {
         return lookUp(d, run.textures.of[0], texelIndex(d, at[0], at[1]));
@@ -38,8 +36,6 @@ struct Opaque {
 };
 
 struct Added {
-    static constexpr int layers = 1;
-
     template <class D>
     static HWY_INLINE hn::Vec<D> shade(D d, const AffineRun<1>& run, const At<D, 1>& at, const Pixel32* pixels) {
         return addBytes(d, Opaque::shade(d, run, at, pixels), hn::LoadU(d, pixels));
@@ -50,8 +46,6 @@ struct Added {
 };
 
 struct TwoLayers {
-    static constexpr int layers = 2;
-
     // v is the column and u the row here
     template <class D>
     static HWY_INLINE hn::Vec<D> shade(D d, const AffineRun<2>& run, const At<D, 2>& at, const Pixel32*) {

@@ -10,10 +10,10 @@ orders=(run test)
 [ "${1:-}" != --first ] || orders=("$2")
 status=0
 
-# The indented lines of a document, without those that another section runs or that wait for a listener.
+# The indented lines of a document, without those that another section runs or that serve until they are stopped.
 commands_of() {
     sed -n 's/^    \(\(SDL_\|LUMENFOLD_\)[A-Z_]*=[^ ]* \)\?\(\.\/\|build\/\|tests\/\|openmpt123 \)/\1\3/p' "$1" |
-        sed 's/ *#.*//; s/^openmpt123 /openmpt123 --info /' | grep -v '^\./\(run\|test\)$'
+        sed 's/ *#.*//; s/^openmpt123 /openmpt123 --info /' | grep -v '^\./\(run\|test\|web serve\)$'
 }
 
 for first in "${orders[@]}"; do

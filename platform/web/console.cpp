@@ -7,9 +7,8 @@
 #include <algorithm>
 #include <emscripten.h>
 
-EM_JS(void, stageOpen, (const char* title, int width, int height), {
-    Module.stage.open(UTF8ToString(title), width, height);
-});
+EM_JS(void, stageOpen, (const char* title, int width, int height),
+      { Module.stage.open(UTF8ToString(title), width, height); });
 EM_JS(int, stageKey, (), { return Module.stage.ended ? 1 : 0; });
 EM_JS(void, stageShow, (const void* pixels), { Module.stage.show(HEAPU8, pixels); });
 EM_JS(void, stageWound, (int part), { Module.stage.wound(part); });
@@ -94,7 +93,8 @@ void Console::update() {
 
 void Console::clear() {
     std::fill(screen->picture.begin(), screen->picture.end(), 0);
-    stageShow(screen->picture.data());
+    if (winding.part == 0)
+        stageShow(screen->picture.data());
 }
 
 void Console::close() {}

@@ -9,7 +9,7 @@ namespace lumenfold::web {
 // Runs the show fast and unseen up to a part: time moves on by a tenth of a second with every picture, and the tune is
 // rendered for nobody.
 struct Winding {
-    std::int32_t part = 0; // being wound to; 0: the show runs at its own speed
+    std::int32_t part = 0;  // being wound to; 0: the show runs at its own speed
     std::int64_t clock = 0; // microseconds so far
 };
 extern Winding winding;

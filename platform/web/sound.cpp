@@ -9,6 +9,7 @@ EM_JS(void, stageOpenSound, (), { Module.stage.openSound(); });
 EM_JS(void, stageCloseSound, (), { Module.stage.closeSound(); });
 EM_JS(void, stageStartTune, (), { Module.stage.startTune(); });
 EM_JS(void, stageStopTune, (), { Module.stage.stopTune(); });
+EM_JS(void, stageSync, (int value, double position), { Module.stage.sync(value, position); });
 EM_JS(double, stageHeard, (), { return Module.stage.heard(); });
 
 namespace lumenfold {
@@ -47,8 +48,11 @@ void PageSound::render(float* samples, std::int32_t frames) {
 
 void PageSound::deliverUpTo(std::int64_t position) {
     SyncCommand command;
-    while (player != nullptr && callback != nullptr && player->takeSync(position, command))
+    while (player != nullptr && callback != nullptr && player->takeSync(position, command)) {
+        if (winding.part == 0)
+            stageSync(static_cast<int>(command.value), static_cast<double>(command.position - origin));
         callback(command.value, command.order, command.row);
+    }
 }
 
 void PageSound::deliver() {

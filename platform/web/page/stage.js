@@ -72,6 +72,9 @@ export class Stage {
 
     wound() {}
 
+    // A command of the tune arrives; position: the frame of the tune at which it is to be heard.
+    sync() {}
+
     report(text) {
         this.errors.push(text);
     }

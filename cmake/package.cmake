@@ -2,6 +2,7 @@
 
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/show/ DESTINATION ${CMAKE_INSTALL_DATADIR}/lumenfold/show)
 install(FILES packaging/lumenfold.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES packaging/org.lumenfold.lumenfold.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES packaging/lumenfold.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 install(FILES packaging/man/lumenfold.6 DESTINATION ${CMAKE_INSTALL_MANDIR}/man6)
 install(FILES packaging/man/lumenfold-film.1 packaging/man/lumenfold-bench.1 packaging/man/lumenfold-forge.1

@@ -5,8 +5,10 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <future>
 #include <stdexcept>
 #include <string>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -37,6 +39,31 @@ std::array<std::uint64_t, hashLanes> hashPictures(const std::array<const Pixel32
 
 namespace {
 
+// The pictures of one pass through hashPictures().
+struct Batch {
+    struct Picture {
+        Frame frame{};
+        std::vector<Pixel32> pixels;
+    };
+    std::array<Picture, hashLanes> pictures;
+    std::size_t count = 0;
+
+    // Returns 0, or errno if the lines could not be written.
+    int print(std::FILE* stream) const {
+        std::array<const Pixel32*, hashLanes> pixels;
+        for (std::size_t lane = 0; lane < hashLanes; ++lane)
+            pixels[lane] = pictures[lane < count ? lane : 0].pixels.data();
+        const auto hashes = hashPictures(pixels, pictures[0].pixels.size());
+        for (std::size_t lane = 0; lane < count; ++lane) {
+            const Frame& frame = pictures[lane].frame;
+            std::fprintf(stream, "%lld %.9g %d %016llx\n", static_cast<long long>(frame.number),
+                         static_cast<double>(frame.time), frame.part, static_cast<unsigned long long>(hashes[lane]));
+        }
+        return std::ferror(stream) == 0 ? 0 : errno;
+    }
+};
+
+// One batch is hashed and printed by another thread while the next one is drawn.
 class HashLines : public Output {
   public:
     explicit HashLines(std::FILE* file) : stream(file) {}
@@ -44,50 +71,51 @@ class HashLines : public Output {
     HashLines& operator=(const HashLines&) = delete;
 
     // What was shown before an error ended the film is printed too.
-    ~HashLines() override { print(); }
+    ~HashLines() override { printAll(); }
 
     void frame(const Frame& frame) override {
-        Pending& slot = pending[filled++];
-        slot.frame = frame;
-        slot.pixels.assign(frame.pixels, frame.pixels + frame.width * frame.height);
-        if (filled == hashLanes && !print())
-            fail();
+        Batch::Picture& picture = filling.pictures[filling.count++];
+        picture.frame = frame;
+        picture.pixels.assign(frame.pixels, frame.pixels + frame.width * frame.height);
+        if (filling.count == hashLanes)
+            check(handOn());
     }
 
     void finish() override {
-        if (!print() || std::fflush(stream) != 0)
-            fail();
+        check(printAll());
+        check(std::fflush(stream) == 0 ? 0 : errno);
     }
 
   private:
-    struct Pending {
-        Frame frame{};
-        std::vector<Pixel32> pixels;
-    };
-
-    [[noreturn]] static void fail() {
-        throw std::runtime_error(std::string("the hashes cannot be written: ") + std::strerror(errno));
+    static void check(int error) {
+        if (error != 0)
+            throw std::runtime_error(std::string("the hashes cannot be written: ") + std::strerror(error));
     }
 
-    // False if they could not be written.
-    bool print() {
-        if (filled == 0)
-            return true;
-        std::array<const Pixel32*, hashLanes> pictures;
-        for (std::size_t lane = 0; lane < hashLanes; ++lane)
-            pictures[lane] = pending[lane < filled ? lane : 0].pixels.data();
-        const auto hashes = hashPictures(pictures, pending[0].pixels.size());
-        for (std::size_t lane = 0; lane < filled; ++lane)
-            std::fprintf(stream, "%lld %.9g %d %016llx\n", static_cast<long long>(pending[lane].frame.number),
-                         static_cast<double>(pending[lane].frame.time), pending[lane].frame.part,
-                         static_cast<unsigned long long>(hashes[lane]));
-        filled = 0;
-        return std::ferror(stream) == 0;
+    // Waits for the batch before, and lets the other thread have this one. Returns what became of the one before.
+    int handOn() {
+        const int error = printed.valid() ? printed.get() : 0;
+        std::swap(filling, printing);
+        filling.count = 0;
+        const auto print = [this] { return printing.print(stream); };
+        try {
+            printed = std::async(std::launch::async, print);
+        } catch (const std::system_error&) { // there are no threads here
+            printed = std::async(std::launch::deferred, print);
+        }
+        return error;
+    }
+
+    int printAll() {
+        const int before = filling.count > 0 ? handOn() : 0;
+        const int last = printed.valid() ? printed.get() : 0;
+        return before != 0 ? before : last;
     }
 
     std::FILE* stream;
-    std::array<Pending, hashLanes> pending;
-    std::size_t filled = 0;
+    Batch filling;
+    Batch printing;           // belongs to the other thread until printed is ready
+    std::future<int> printed; // destroyed first: it waits
 };
 
 } // namespace

@@ -29,6 +29,6 @@ set(programs ${PROJECT_SOURCE_DIR}/programs)
 add_executable(lumenfold-hash ${PROJECT_SOURCE_DIR}/tests/web/hash.cpp $<TARGET_OBJECTS:lumenfold_offline>
                ${programs}/command_line.cpp ${programs}/film.cpp ${programs}/film_hash.cpp ${programs}/film_options.cpp
                ${programs}/film_plan.cpp ${programs}/film_show.cpp ${programs}/progress.cpp ${programs}/system.cpp)
-target_compile_definitions(lumenfold-hash PRIVATE LUMENFOLD_VERSION="${PROJECT_VERSION}")
+target_compile_definitions(lumenfold-hash PRIVATE LUMENFOLD_VERSION="${LUMENFOLD_VERSION}")
 target_link_libraries(lumenfold-hash PRIVATE lumenfold_driver openmpt)
 target_link_options(lumenfold-hash PRIVATE ${program_options} -sEXPORT_NAME=createHash -sENVIRONMENT=node,web)

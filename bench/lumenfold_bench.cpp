@@ -1,6 +1,7 @@
 // lumenfold-bench: one table of what the demo's parts cost.
 
 #include "bench/sections.h"
+#include "core/vector_target.h"
 #include "programs/command_line.h"
 #include "programs/show_folder.h"
 
@@ -8,6 +9,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -58,9 +60,19 @@ Options parse(const std::vector<std::string>& words) {
     return options;
 }
 
+// As the system gives it.
+std::string processorName() {
+    std::ifstream file("/proc/cpuinfo");
+    for (std::string line; std::getline(file, line);)
+        if (line.rfind("model name", 0) == 0 && line.find(": ") != std::string::npos)
+            return line.substr(line.find(": ") + 2);
+    return "processor without a name";
+}
+
 void measure(const Options& options) {
     std::filesystem::current_path(options.show);
     Report report(options.format);
+    report.section((processorName() + ", " + vectorTarget()).c_str());
     for (const Section& section : sections) {
         bool wanted = options.wanted.empty();
         for (const std::string& name : options.wanted)

@@ -27,30 +27,21 @@ HWY_INLINE void store(PixelVector vector, Pixel32* pixels) {
     hn::StoreU(vector, AllPixels(), pixels);
 }
 
-template <class D>
-HWY_INLINE hn::Vec<hn::Repartition<std::uint8_t, D>> bytes(D, hn::Vec<D> pixels) {
-    return hn::BitCast(hn::Repartition<std::uint8_t, D>(), pixels);
-}
-template <class D>
-HWY_INLINE hn::Vec<hn::Repartition<std::uint16_t, D>> words(D, hn::Vec<D> pixels) {
-    return hn::BitCast(hn::Repartition<std::uint16_t, D>(), pixels);
-}
-
 void addSaturated(Pixel32* destination, const Pixel32* a, const Pixel32* b, std::size_t count) {
     const AllPixels d;
     std::size_t i = 0;
     for (; i + lanes <= count; i += lanes)
-        store(hn::BitCast(d, hn::SaturatedAdd(bytes(d, load(a + i)), bytes(d, load(b + i)))), destination + i);
+        store(addBytes(d, load(a + i), load(b + i)), destination + i);
     for (; i < count; ++i)
         destination[i] = lumenfold::addSaturated(a[i], b[i]);
 }
 
 void addSaturatedConstant(Pixel32* destination, Pixel32 value, std::size_t count) {
     const AllPixels d;
-    const auto all = bytes(d, hn::Set(d, value));
+    const PixelVector all = hn::Set(d, value);
     std::size_t i = 0;
     for (; i + lanes <= count; i += lanes)
-        store(hn::BitCast(d, hn::SaturatedAdd(bytes(d, load(destination + i)), all)), destination + i);
+        store(addBytes(d, load(destination + i), all), destination + i);
     for (; i < count; ++i)
         destination[i] = lumenfold::addSaturated(destination[i], value);
 }
@@ -62,7 +53,7 @@ struct Products {
 };
 HWY_INLINE Products multiply(PixelVector pixels, hn::Vec<AllWords> factor) {
     const AllWords d;
-    const auto pairs = words(AllPixels(), pixels);
+    const auto pairs = hn::BitCast(d, pixels);
     return {hn::Mul(hn::And(pairs, hn::Set(d, 0xFF)), factor), hn::Mul(hn::ShiftRight<8>(pairs), factor)};
 }
 HWY_INLINE PixelVector highBytes(Products p) {
@@ -233,26 +224,23 @@ std::size_t smearQuartersNear(Pixel32* pixels, std::size_t count) {
     return i;
 }
 
+// The pixel before every four, given what each four add to it; leaves the one before the next four.
+template <class D>
+HWY_INLINE hn::Vec<D> beforeEachFour(D d, WordVector& before, hn::Vec<D> sums) {
+    const WordVector start = before;
+    if constexpr (lanesOf<D> == lanesOf<EightWords>) {
+        before = hn::ShiftRight<8>(hn::Add(before, sums));
+        return start;
+    } else {
+        const WordVector between = hn::ShiftRight<8>(hn::Add(before, hn::LowerHalf(EightWords(), sums)));
+        before = hn::ShiftRight<8>(hn::Add(between, hn::UpperHalf(EightWords(), sums)));
+        return hn::Combine(d, between, start);
+    }
+}
+
 // From four pixels on the three other quarters, r, are known for several pixels at once. Rounding down can wait: a
 // quarter of (a quarter of p, plus r0), plus r1 is (p + 4 r0 + 16 r1) >> 4, and so on; four pixels take 16 bits. So the
 // pixel before needs two instructions from four pixels to the next four.
-template <class D>
-using UnlessFour = std::enable_if_t<lanesOf<D> != 8, int>;
-
-// The pixel before every four, given what each four add to it; leaves the one before the next four.
-HWY_INLINE WordVector beforeEachFour(EightWords, WordVector& before, WordVector sums) {
-    const WordVector start = before;
-    before = hn::ShiftRight<8>(hn::Add(before, sums));
-    return start;
-}
-template <class D, class V = hn::Vec<D>, UnlessFour<D> = 0>
-HWY_INLINE V beforeEachFour(D d, WordVector& before, V sums) {
-    const WordVector start = before;
-    const WordVector between = hn::ShiftRight<8>(hn::Add(before, hn::LowerHalf(EightWords(), sums)));
-    before = hn::ShiftRight<8>(hn::Add(between, hn::UpperHalf(EightWords(), sums)));
-    return hn::Combine(d, between, start);
-}
-
 template <class D>
 std::size_t smearQuartersFar(D d, Pixel32* pixels, std::ptrdiff_t distance, std::size_t count) {
     const hn::Repartition<std::uint8_t, D> db;

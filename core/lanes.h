@@ -36,6 +36,17 @@ using Floats = hn::Rebind<float, D>;
 template <class D>
 inline constexpr int lanesOf = static_cast<int>(hn::MaxLanes(D()));
 
+template <class D>
+HWY_INLINE hn::Vec<hn::Repartition<std::uint8_t, D>> bytes(D, hn::Vec<D> pixels) {
+    return hn::BitCast(hn::Repartition<std::uint8_t, D>(), pixels);
+}
+
+// The sums of all bytes, at most 255.
+template <class D>
+HWY_INLINE hn::Vec<D> addBytes(D d, hn::Vec<D> a, hn::Vec<D> b) {
+    return hn::BitCast(d, hn::SaturatedAdd(bytes(d, a), bytes(d, b)));
+}
+
 // start, start + step, start + 2 step, ... modulo 2^32
 template <class D>
 HWY_INLINE hn::Vec<D> steps(D d, std::uint32_t start, std::uint32_t step) {

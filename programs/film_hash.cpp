@@ -8,7 +8,6 @@
 #include <future>
 #include <stdexcept>
 #include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -87,6 +86,12 @@ class HashLines : public Output {
     }
 
   private:
+#if defined(__EMSCRIPTEN__) // has no threads
+    static constexpr std::launch policy = std::launch::deferred;
+#else
+    static constexpr std::launch policy = std::launch::async;
+#endif
+
     static void check(int error) {
         if (error != 0)
             throw std::runtime_error(std::string("the hashes cannot be written: ") + std::strerror(error));
@@ -97,12 +102,7 @@ class HashLines : public Output {
         const int error = printed.valid() ? printed.get() : 0;
         std::swap(filling, printing);
         filling.count = 0;
-        const auto print = [this] { return printing.print(stream); };
-        try {
-            printed = std::async(std::launch::async, print);
-        } catch (const std::system_error&) { // there are no threads here
-            printed = std::async(std::launch::deferred, print);
-        }
+        printed = std::async(policy, [this] { return printing.print(stream); });
         return error;
     }
 

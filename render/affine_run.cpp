@@ -18,12 +18,6 @@ namespace {
 template <class D, int layers>
 using At = hn::Vec<D>[Coordinates<layers>::count]; // 16.16, in the order of the run
 
-template <class D>
-HWY_INLINE hn::Vec<D> addBytes(D d, hn::Vec<D> a, hn::Vec<D> b) {
-    const hn::Repartition<std::uint8_t, D> bytes;
-    return hn::BitCast(d, hn::SaturatedAdd(hn::BitCast(bytes, a), hn::BitCast(bytes, b)));
-}
-
 // Each gives new pixels: shade() of a group, shadePixel() of one.
 struct Opaque {
     template <class D>

@@ -37,10 +37,8 @@ struct Added {
     template <class D>
     static HWY_INLINE void write(D d, Pixel32* pixels, float*, hn::Mask<Floats<D>> mask, hn::Vec<D> texels,
                                  hn::Vec<Floats<D>>) {
-        const hn::Repartition<std::uint8_t, D> bytes;
         const auto added = hn::IfThenElseZero(hn::RebindMask(d, mask), texels);
-        const auto sum = hn::SaturatedAdd(hn::BitCast(bytes, added), hn::BitCast(bytes, hn::LoadU(d, pixels)));
-        hn::StoreU(hn::BitCast(d, sum), d, pixels);
+        hn::StoreU(addBytes(d, added, hn::LoadU(d, pixels)), d, pixels);
     }
 };
 

@@ -18,8 +18,14 @@ EM_ASYNC_JS(void, stageTurn, (), { await Module.stage.turn(); });
 namespace lumenfold {
 
 namespace web {
+
 Winding winding;
+
+void report(const char* text) {
+    stageReport(text);
 }
+
+} // namespace web
 
 using web::winding;
 
@@ -41,7 +47,7 @@ void windOn() {
     if (scene != nullptr && scene->part >= winding.part) {
         clockOrigin = pageClock() - winding.clock;
         winding.part = 0;
-        EM_ASM({ Module.stage.startTune(); });
+        web::pageSound().endWinding();
     } else if (winding.clock / step % stepsToATurn == 0) {
         stageWound(scene != nullptr ? scene->part : 0);
         stageTurn();
@@ -100,7 +106,7 @@ void Console::clear() {
 void Console::close() {}
 
 void report(const DynamicError& error) {
-    stageReport(errorText(error).c_str());
+    web::report(errorText(error).c_str());
 }
 
 } // namespace ptc

@@ -76,7 +76,7 @@ int main(int count, char** arguments) {
         if (part > 1 && part <= scrollerPart)
             web::winding.part = part;
         if (enterProgram() != 0)
-            EM_ASM({ Module.stage.report(UTF8ToString($0)); }, MIDASgetErrorMessage(MIDASgetLastError()));
+            web::report(MIDASgetErrorMessage(MIDASgetLastError()));
     }
     EM_ASM({ Module.stage.finish(); }); // main has long returned to the page
     return 0;

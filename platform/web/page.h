@@ -31,8 +31,9 @@ class PageSound : public SoundOutput {
     // The next frames for the loudspeakers, silence where no tune plays.
     void render(float* samples, std::int32_t frames);
 
-    // Renders a stretch for nobody, with its commands.
+    // Renders a stretch for nobody, with its commands; and the end of it, from where the tune is heard.
     void wind(std::int64_t microseconds);
+    void endWinding();
 
   private:
     void deliverUpTo(std::int64_t position);
@@ -44,5 +45,8 @@ class PageSound : public SoundOutput {
 };
 
 PageSound& pageSound();
+
+// Tells the page why the show ends.
+void report(const char* text);
 
 } // namespace lumenfold::web

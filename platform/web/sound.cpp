@@ -10,6 +10,7 @@ EM_JS(void, stageCloseSound, (), { Module.stage.closeSound(); });
 EM_JS(void, stageStartTune, (), { Module.stage.startTune(); });
 EM_JS(void, stageStopTune, (), { Module.stage.stopTune(); });
 EM_JS(void, stageSync, (int value, double position), { Module.stage.sync(value, position); });
+EM_JS(void, stageSkip, (int frames), { Module.stage.skip(frames); });
 EM_JS(double, stageHeard, (), { return Module.stage.heard(); });
 
 namespace lumenfold {
@@ -60,8 +61,10 @@ void PageSound::deliver() {
         return;
     const std::int64_t position = origin + static_cast<std::int64_t>(stageHeard());
     float scratch[scratchFrames * 2];
-    while (running && player->position() < position) // there is no sound, but the commands have to come
+    while (running && player->position() < position) { // there is no sound, but the commands have to come
         player->render(scratch, scratchFrames);
+        stageSkip(scratchFrames);
+    }
     deliverUpTo(position);
 }
 
@@ -72,6 +75,10 @@ void PageSound::wind(std::int64_t microseconds) {
         return;
     origin = player->position();
     deliverUpTo(origin);
+}
+
+void PageSound::endWinding() {
+    stageStartTune();
 }
 
 PageSound& pageSound() {

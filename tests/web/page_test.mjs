@@ -136,6 +136,94 @@ const run = (...words) => execFileSync(film, words, { encoding: "utf8", stdio: [
     await page.close();
 }
 
+// A scene with commands of the page's own.
+{
+    const page = await openPage("#scene=twinTunnel&sync=37@2,33@4");
+    await startPlaying(page);
+    await seconds(2);
+    check((await page.evaluate(() => window.lumenfold.stage.shown)) > 60, "#scene=twinTunnel&sync=37@2,33@4 plays");
+    check(page.complaints.length === 0, `without complaints ${page.complaints.join("; ")}`);
+    await page.close();
+}
+
+// A touch starts and ends it.
+{
+    const page = await openPage();
+    await page.setViewport({ width: 844, height: 390, hasTouch: true, isMobile: true, isLandscape: true });
+    await page.tap("#play");
+    await page.waitForFunction(() => window.lumenfold?.stage.shown > 30, { timeout: 60000 });
+    const width = await page.$eval("#canvas", (canvas) => canvas.getBoundingClientRect().width);
+    check(width > 300 && width <= 844, `on a small screen the picture is ${width.toFixed(0)} wide`);
+    await page.tap("#canvas");
+    await page.waitForFunction(() => !document.getElementById("play").hidden, { timeout: 3000 });
+    check(true, "a touch ends it");
+    await page.close();
+}
+
+// What can be missing.
+{
+    const page = await openPage();
+    await page.evaluate(() => delete window.WebAssembly);
+    await page.click("#play");
+    check((await page.$eval("#message", (line) => line.textContent)).includes("no WebAssembly"), "WebAssembly missing: said");
+    await page.close();
+}
+{
+    const page = await openPage();
+    await page.evaluate(() => delete window.AudioWorkletNode);
+    await startPlaying(page);
+    await seconds(38);
+    const arrivals = await page.evaluate(() => window.lumenfold.stage.arrivals.length);
+    check(arrivals > 0, `without sound ${arrivals} sync commands by the clock`);
+    await page.close();
+}
+{
+    const page = await openPage();
+    await startPlaying(page);
+    await seconds(5);
+    await page.evaluate(() => window.lumenfold.stage.sound.suspend());
+    await seconds(4);
+    const before = await page.evaluate(() => window.lumenfold.stage.heard());
+    await seconds(2);
+    const after = await page.evaluate(() => window.lumenfold.stage.heard());
+    check(Math.abs((after - before) / 48000 - 2) < 0.2, `sound suspended: ${((after - before) / 48000).toFixed(2)} of 2 s go on`);
+    await page.evaluate(() => window.lumenfold.stage.sound.resume());
+    await seconds(3);
+    const back = await page.evaluate(() => window.lumenfold.stage.heard());
+    check(Math.abs((back - after) / 48000 - 3) < 0.7, `and resumed: ${((back - after) / 48000).toFixed(2)} of 3 s`);
+    await page.close();
+}
+{
+    const page = await openPage();
+    await page.setRequestInterception(true);
+    page.on("request", (request) => (request.url().endsWith(".wasm") ? request.abort() : request.continue()));
+    await page.click("#play");
+    await page.waitForFunction(() => document.getElementById("message").textContent.startsWith("The show had to end"), {
+        timeout: 20000,
+    });
+    check(await page.$eval("#play", (button) => !button.hidden), "program cannot be loaded: said, and it can be tried again");
+    await page.close();
+}
+{
+    const page = await openPage();
+    await startPlaying(page);
+    await seconds(4);
+    const heard = () => page.evaluate(() => window.lumenfold.stage.heard());
+    const cover = await browser.newPage();
+    await cover.bringToFront();
+    const hidden = await page.evaluate(() => document.hidden);
+    const before = await heard();
+    await seconds(5);
+    const gone = ((await heard()) - before) / 48000;
+    check(hidden && Math.abs(gone - 5) < 0.5, `hidden (${hidden}): the tune goes on, ${gone.toFixed(2)} of 5 s`);
+    await page.bringToFront();
+    const shown = await page.evaluate(() => window.lumenfold.stage.shown);
+    await seconds(2);
+    check((await page.evaluate(() => window.lumenfold.stage.shown)) - shown > 80, "seen again: the pictures are back");
+    await cover.close();
+    await page.close();
+}
+
 const sizes = readdirSync(site).map((name) => statSync(join(site, name)).size);
 console.log(`the page: ${(sizes.reduce((a, b) => a + b) / 1e6).toFixed(1)} MB before compression`);
 await browser.close();

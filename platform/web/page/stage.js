@@ -17,6 +17,7 @@ export class Stage {
         this.tune = 0;
         this.lastReport = null; // the worklet's last one
         this.tuneBegan = 0;
+        document.onvisibilitychange = () => this.waiting && this.wake(this.waiting); // a hidden page gets no pictures
     }
 
     open(title, width, height) {
@@ -100,6 +101,7 @@ export class Stage {
         this.tuneBegan = performance.now();
         this.lastReport = null;
         this.sent = 0; // frames
+        this.skips = []; // what was rendered for nobody, and after how many frames that were sent
         if (this.node)
             this.node.port.postMessage({ tune: this.tune });
     }
@@ -128,6 +130,14 @@ export class Stage {
         }
     }
 
+    skip(frames) {
+        const last = this.skips.at(-1);
+        if (last?.after === this.sent)
+            last.frames += frames;
+        else
+            this.skips.push({ after: this.sent, frames });
+    }
+
     // Frames of the tune that have left the loudspeakers. Without sound they follow the clock.
     heard() {
         const now = performance.now();
@@ -139,7 +149,8 @@ export class Stage {
         }
         const latency = this.sound.outputLatency || this.sound.baseLatency || 0;
         const since = this.sound.currentTime - this.lastReport.until;
-        const frames = this.lastReport.played + (since - latency) * soundRate;
-        return Math.max(0, Math.min(frames, this.sent));
+        const played = Math.min(this.lastReport.played + (since - latency) * soundRate, this.sent);
+        const skipped = this.skips.filter((skip) => skip.after <= played).reduce((sum, skip) => sum + skip.frames, 0);
+        return Math.max(0, played + skipped);
     }
 }

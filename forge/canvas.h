@@ -3,7 +3,7 @@
 #include "forge/picture.h"
 
 #include <cairo.h>
-#include <memory>
+#include <functional>
 #include <string>
 
 namespace lumenfold::art {
@@ -31,7 +31,7 @@ class Canvas {
     };
     void plane(std::initializer_list<Point2> corners, Stop from, Stop to) const;
 
-    // Writes a line of UTF-8 text from the baseline point; spacing is added behind every letter. Returns its width.
+    // Writes a line of UTF-8 text from the baseline point; spacing is added after every letter. Returns its width.
     // Throws std::runtime_error, with the package's name, when the face is not installed.
     double text(double x, double y, const std::string& words, Face face, double size, double spacing = 0) const;
     double widthOf(const std::string& words, Face face, double size, double spacing = 0) const;
@@ -45,5 +45,9 @@ class Canvas {
     cairo_surface_t* surface;
     cairo_t* context;
 };
+
+// What `draw` paints with Cairo, in pixels from the upper left corner, as coverage: 0 untouched, 1 painted, in all
+// three channels. The source is set to opaque white before the call.
+Picture coverage(int width, int height, const std::function<void(cairo_t*)>& draw);
 
 } // namespace lumenfold::art

@@ -26,6 +26,6 @@ int runChecks(const std::string& folder);
 std::vector<Finding> checkPictures(const std::string& folder);  // form, size, seams, black borders
 std::vector<Finding> checkObjects(const std::string& folder);   // form, bounds, closedness, views along camera ways
 std::vector<Finding> checkTuneFiles(const std::string& folder); // choreography, level, gaps, length
-std::vector<Finding> checkRebuild(const std::string& folder);   // cheap files made again give the same bytes
+std::vector<Finding> checkRebuild(const std::string& folder);   // files made again give the same bytes
 
 } // namespace lumenfold::art

@@ -1,6 +1,5 @@
 #include "forge/encode.h"
 
-#include <fstream>
 #include <stdexcept>
 
 namespace lumenfold::art {
@@ -68,26 +67,15 @@ std::vector<std::uint8_t> encodeTga(const Bitmap& bitmap) {
     return bytes;
 }
 
-void writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-    std::ofstream file(path, std::ios::binary);
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file) {
-        throw std::runtime_error(path + ": cannot be written");
-    }
-}
-
-void writeBitmap(const std::string& path, const Bitmap& bitmap) {
-    const std::string ending = path.size() < 4 ? path : path.substr(path.size() - 4);
-    if (ending == ".jpg") {
-        writeFile(path, encodeJpeg(bitmap));
-    } else if (ending == ".pcx") {
-        writeFile(path, encodePcx(bitmap));
-    } else if (ending == ".tga") {
-        writeFile(path, encodeTga(bitmap));
-    } else {
-        throw std::runtime_error(path + ": no encoder for this ending");
-    }
+std::vector<std::uint8_t> encodeBitmap(const Bitmap& bitmap, const std::string& fileName) {
+    const std::string ending = fileName.size() < 4 ? fileName : fileName.substr(fileName.size() - 4);
+    if (ending == ".jpg")
+        return encodeJpeg(bitmap);
+    if (ending == ".pcx")
+        return encodePcx(bitmap);
+    if (ending == ".tga")
+        return encodeTga(bitmap);
+    throw std::runtime_error(fileName + ": no encoder for this ending");
 }
 
 } // namespace lumenfold::art

@@ -22,9 +22,7 @@ std::vector<std::uint8_t> encodePcx(const Bitmap& bitmap);
 // Uncompressed 24-bit TGA, bottom row first.
 std::vector<std::uint8_t> encodeTga(const Bitmap& bitmap);
 
-void writeFile(const std::string& path, const std::vector<std::uint8_t>& bytes); // throws std::runtime_error
-
-// Encodes by the ending of the path (.jpg, .pcx, .tga) and writes the file; throws std::runtime_error.
-void writeBitmap(const std::string& path, const Bitmap& bitmap);
+// By the ending of the name (.jpg, .pcx, .tga); throws std::runtime_error for any other.
+std::vector<std::uint8_t> encodeBitmap(const Bitmap& bitmap, const std::string& fileName);
 
 } // namespace lumenfold::art

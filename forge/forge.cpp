@@ -1,8 +1,8 @@
 // lumenfold-forge: makes the show's assets from their sources, or verifies those that are there.
 #include "forge/checks.h"
-#include "forge/picture.h"
-#include "forge/recipe.h"
+#include "forge/manifest.h"
 #include "programs/command_line.h"
+#include "programs/pending_file.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,6 +11,8 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <fstream>
+#include <stdexcept>
 
 using namespace lumenfold::art;
 
@@ -25,12 +27,21 @@ struct Options {
     std::string answer; // to --help or --version: printed instead
 };
 
+void writeWhole(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+    lumenfold::film::PendingFile pending(path);
+    std::ofstream file(pending.place(), std::ios::binary);
+    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file)
+        throw std::runtime_error("cannot be written");
+    pending.rename();
+}
+
 // Makes the files whose names are given, all if none is. Returns the number of failures.
 int make(const Options& options) {
-    const std::vector<Recipe> all = allRecipes();
     int failures = 0;
-    const auto known = [&all](const std::string& name) {
-        return std::any_of(all.begin(), all.end(), [&](const Recipe& r) { return name == r.fileName; });
+    const auto known = [](const std::string& name) {
+        return std::any_of(manifest().begin(), manifest().end(), [&](const Asset& a) { return name == a.fileName; });
     };
     for (const std::string& name : options.names) {
         if (!known(name)) {
@@ -41,20 +52,20 @@ int make(const Options& options) {
     if (failures > 0)
         return failures; // before anything is made
     std::filesystem::create_directories(options.directory);
-    for (const Recipe& recipe : all) {
+    for (const Asset& asset : manifest()) {
         const auto& names = options.names;
-        if (!names.empty() && std::find(names.begin(), names.end(), recipe.fileName) == names.end()) {
+        if (!names.empty() && std::find(names.begin(), names.end(), asset.fileName) == names.end()) {
             continue;
         }
         const auto start = std::chrono::steady_clock::now();
-        const std::filesystem::path path = std::filesystem::path(options.directory) / recipe.fileName;
+        const std::filesystem::path path = std::filesystem::path(options.directory) / asset.fileName;
         try {
-            recipe.make(path.string());
+            writeWhole(path.string(), lumenfold::art::make(asset));
             const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-            std::printf("%-20s %8llu bytes %6.1f s\n", recipe.fileName,
+            std::printf("%-20s %8llu bytes %6.1f s\n", asset.fileName,
                         static_cast<unsigned long long>(std::filesystem::file_size(path)), taken.count());
         } catch (const std::exception& error) {
-            std::fprintf(stderr, "lumenfold-forge: %s: %s\n", recipe.fileName, error.what());
+            std::fprintf(stderr, "lumenfold-forge: %s: %s\n", asset.fileName, error.what());
             ++failures;
         }
         std::fflush(stdout);
@@ -78,8 +89,8 @@ Options optionsOf(const std::vector<std::string>& words) {
 
 int work(const Options& options) {
     if (options.list) {
-        for (const Recipe& recipe : allRecipes())
-            std::printf("%-20s %s\n", recipe.fileName, recipe.cheap ? "" : "slow");
+        for (const Asset& asset : manifest())
+            std::puts(asset.fileName);
         return 0;
     }
     if (options.check)

@@ -1,7 +1,6 @@
 #include "forge/model.h"
 
 #include <cstring>
-#include <fstream>
 #include <stdexcept>
 
 // Source of the format: EA IFF 85 and the chunks of the LightWave object file (type "LWOB"); big-endian throughout,
@@ -87,9 +86,9 @@ Bytes surfaceChunk(const Surface& surface) {
 
 } // namespace
 
-void writeLightWaveObject(const Model& model, const std::string& path) {
+std::vector<std::uint8_t> encodeLightWaveObject(const Model& model) {
     if (model.points.size() > 32768)
-        throw std::runtime_error(path + ": more than 32768 points");
+        throw std::runtime_error("more than 32768 points");
     Bytes points;
     for (const Point& point : model.points)
         points.vector(point);
@@ -112,10 +111,7 @@ void writeLightWaveObject(const Model& model, const std::string& path) {
         form.chunk("SURF", surfaceChunk(surface));
     Bytes file;
     file.chunk("FORM", form);
-    std::ofstream out(path, std::ios::binary);
-    out.write(file.data.data(), static_cast<std::streamsize>(file.data.size()));
-    if (!out.flush())
-        throw std::runtime_error(path + ": cannot be written");
+    return {file.data.begin(), file.data.end()};
 }
 
 } // namespace lumenfold::art

@@ -1,67 +1,25 @@
 #pragma once
 
 #include "core/trig.h"
+#include "forge/vector.h"
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
-// Small vector and scalar mathematics of the forge. Everything here gives the same bits on every machine: only
+// Small mathematics of the forge. Everything here gives the same bits on every machine: only
 // additions, products, quotients and square roots, and the sine, cosine and arc tangent of core/trig.h.
 
 namespace lumenfold::art {
 
-struct Vec3 {
-    float x = 0;
-    float y = 0;
-    float z = 0;
-};
-
-constexpr Vec3 operator+(Vec3 a, Vec3 b) {
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-constexpr Vec3 operator-(Vec3 a, Vec3 b) {
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-constexpr Vec3 operator-(Vec3 a) {
-    return {-a.x, -a.y, -a.z};
-}
-constexpr Vec3 operator*(Vec3 a, Vec3 b) {
-    return {a.x * b.x, a.y * b.y, a.z * b.z};
-}
-constexpr Vec3 operator*(Vec3 a, float s) {
-    return {a.x * s, a.y * s, a.z * s};
-}
-constexpr Vec3& operator+=(Vec3& a, Vec3 b) {
-    return a = a + b;
-}
-
-constexpr float dot(Vec3 a, Vec3 b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-constexpr Vec3 cross(Vec3 a, Vec3 b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-inline float length(Vec3 a) {
-    return std::sqrt(dot(a, a));
-}
-inline float length(float x, float y) {
+template <typename T>
+T length(T x, std::type_identity_t<T> y) {
     return std::sqrt(x * x + y * y);
 }
-inline Vec3 normalize(Vec3 a) {
-    return a * (1 / std::max(length(a), 1e-20F));
-}
-constexpr Vec3 reflect(Vec3 direction, Vec3 normal) {
-    return direction - normal * (2 * dot(direction, normal));
-}
-inline float largest(Vec3 a) {
-    return std::max({a.x, a.y, a.z});
-}
 
-constexpr float mix(float a, float b, float t) {
+template <typename T>
+constexpr T mix(T a, std::type_identity_t<T> b, std::type_identity_t<T> t) {
     return a + (b - a) * t;
-}
-constexpr Vec3 mix(Vec3 a, Vec3 b, float t) {
-    return a * (1 - t) + b * t;
 }
 constexpr float saturate(float x) {
     return x < 0 ? 0 : x > 1 ? 1 : x;
@@ -97,40 +55,21 @@ inline Point2 turned(float x, float y, float angle) {
     return {c * x - s * y, s * x + c * y};
 }
 
-// e to the power x: x = k ln 2 + r, a polynomial in r.
+double exponential(double x);
+double logarithm(double x); // x > 0
 inline float exponential(float x) {
-    if (x < -87) {
-        return 0;
-    }
-    const double k = std::floor(static_cast<double>(std::min(x, 87.0F)) * 1.4426950408889634 + 0.5);
-    const double r = std::min(x, 87.0F) - k * 0.6931471805599453;
-    double sum = 1;
-    for (int n = 11; n >= 1; --n) {
-        sum = 1 + sum * r / n;
-    }
-    return static_cast<float>(std::ldexp(sum, static_cast<int>(k)));
+    return static_cast<float>(exponential(static_cast<double>(x)));
 }
-
-// Natural logarithm of x > 0: x = m 2^k, the series of the inverse hyperbolic tangent in (m - 1) / (m + 1).
 inline float logarithm(float x) {
-    int k = 0;
-    double m = std::frexp(static_cast<double>(x), &k);
-    if (m < 0.7071067811865476) {
-        m *= 2;
-        --k;
-    }
-    const double s = (m - 1) / (m + 1);
-    const double s2 = s * s;
-    double sum = 0;
-    for (int n = 17; n >= 1; n -= 2) {
-        sum = sum * s2 + 2.0 / n;
-    }
-    return static_cast<float>(sum * s + k * 0.6931471805599453);
+    return static_cast<float>(logarithm(static_cast<double>(x)));
 }
 
 // base to the power exponent; 0 for a base that is not positive.
+inline double power(double base, double exponent) {
+    return base > 0 ? exponential(exponent * logarithm(base)) : 0;
+}
 inline float power(float base, float exponent) {
-    return base <= 0 ? 0 : exponential(exponent * logarithm(base));
+    return base > 0 ? exponential(exponent * logarithm(base)) : 0;
 }
 
 // A bell of height 1 and width sigma around 0.

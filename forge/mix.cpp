@@ -10,13 +10,15 @@
 #include <cmath>
 #include <fstream>
 #include <memory>
+#include <numbers>
 #include <stdexcept>
 
 namespace lumenfold::forge {
 
 namespace {
 
-constexpr double pi = 3.14159265358979323846;
+using std::numbers::pi;
+
 constexpr double silence = 1e-12;
 
 double decibels(double power) {

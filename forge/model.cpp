@@ -7,20 +7,6 @@
 
 namespace lumenfold::art {
 
-double dot(Point a, Point b) {
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-Point cross(Point a, Point b) {
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-double length(Point a) {
-    return std::sqrt(dot(a, a));
-}
-Point normalized(Point a) {
-    const double size = length(a);
-    return size > 0 ? a * (1 / size) : Point{};
-}
-
 std::uint32_t Model::addSurface(Surface surface) {
     surfaces.push_back(std::move(surface));
     return static_cast<std::uint32_t>(surfaces.size() - 1);
@@ -50,7 +36,7 @@ void Model::append(const Model& other, const std::function<Point(Point)>& place,
 
 Point Model::normal(const Triangle& triangle) const {
     const Point& a = points[triangle.corners[0]];
-    return normalized(cross(points[triangle.corners[1]] - a, points[triangle.corners[2]] - a));
+    return normalize(cross(points[triangle.corners[1]] - a, points[triangle.corners[2]] - a));
 }
 
 Point Model::centroid(const Triangle& triangle) const {

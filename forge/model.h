@@ -1,5 +1,7 @@
 #pragma once
 
+#include "forge/vector.h"
+
 #include <array>
 #include <cstdint>
 #include <functional>
@@ -12,25 +14,6 @@
 // (p1 - p0) x (p2 - p0) points out of the front.
 
 namespace lumenfold::art {
-
-struct Point {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-};
-inline Point operator+(Point a, Point b) {
-    return {a.x + b.x, a.y + b.y, a.z + b.z};
-}
-inline Point operator-(Point a, Point b) {
-    return {a.x - b.x, a.y - b.y, a.z - b.z};
-}
-inline Point operator*(Point a, double s) {
-    return {a.x * s, a.y * s, a.z * s};
-}
-double dot(Point a, Point b);
-Point cross(Point a, Point b);
-double length(Point a);
-Point normalized(Point a); // the zero vector stays zero
 
 enum class Axis : std::uint16_t { X = 1, Y = 2, Z = 4 };
 
@@ -86,8 +69,7 @@ struct DirectionalSurfaces {
 DirectionalSurfaces addTiledSurfaces(Model& model, const std::string& name, const std::string& image, double tile,
                                      Point centre = {});
 
-// Writes the model as an IFF "FORM" of type "LWOB". Throws std::runtime_error when it has more than 32768 points or
-// the file cannot be written.
-void writeLightWaveObject(const Model& model, const std::string& path);
+// The model as an IFF "FORM" of type "LWOB". Throws std::runtime_error when it has more than 32768 points.
+std::vector<std::uint8_t> encodeLightWaveObject(const Model& model);
 
 } // namespace lumenfold::art

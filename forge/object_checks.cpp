@@ -3,6 +3,7 @@
 #include "assets/lightwave.h"
 #include "assets/mesh.h"
 #include "forge/checks.h"
+#include "forge/manifest.h"
 #include "forge/object_views.h"
 
 #include <algorithm>
@@ -21,34 +22,7 @@ namespace lumenfold::art {
 
 namespace {
 
-struct ObjectRule {
-    const char* fileName;
-    std::uint32_t fewest, most; // triangles
-    bool closed;
-    Point low, high; // it lies within
-};
-
 constexpr double wide = 1e9;
-constexpr ObjectRule objectRules[] = {
-    {"mytun_ny1a.lwo", 2000, 9000, false, {-4, -4, -25}, {32, 4, 20}},
-    {"prison2.lwo", 2000, 9000, false, {-16, -18, -16}, {16, 40, 50}},
-    {"cube6.lwo", 50, 2000, false, {-0.45, -0.45, -0.45}, {0.45, 0.45, 0.45}},
-    {"hum.lwo", 3000, 5000, true, {-13, -14, -13}, {13, 13, 13}},
-    {"blob1.lwo", 2000, 5000, true, {-1.8, -1.8, -1.8}, {1.8, 1.8, 1.8}},
-    {"blob2.lwo", 200, 3000, false, {-0.6, -0.6, -0.6}, {0.6, 0.6, 0.6}},
-    {"blb3.lwo", 2500, 5000, true, {-1.25, -1.25, -1.25}, {1.25, 1.25, 1.25}},
-    {"svets1.lwo", 500, 4000, false, {-2.5, 0.045, -0.01}, {0.3, 3.795, 0.2}},
-    {"svets2.lwo", 500, 4000, false, {-0.3, 0.045, -0.01}, {2.5, 3.795, 0.2}},
-    {"filmrulle1.lwo", 1000, 6000, false, {-wide, -0.4, -0.001}, {wide, 0.4, wide}},
-    {"mytube3b.lwo", 2000, 9000, false, {-30, -20, -85}, {50, 30, 35}},
-    {"water.lwo", 200, 4000, false, {-wide, -0.2, -wide}, {wide, 0.2, wide}},
-    {"stealth.lwo", 100, 3000, false, {-7, -4, -4}, {7, 4, 4}},
-    {"credt.lwo", 200, 4000, false, {-3.5, -0.6, -3.5}, {3.5, 2.4, 3.5}},
-    {"claw2.lwo", 500, 4000, true, {-0.4, -0.6, -0.4}, {0.6, 0.6, 0.4}},
-    {"firepole.lwo", 200, 4000, false, {-0.3, -0.2, -0.3}, {0.3, 1.2, 0.3}},
-    {"firebase.lwo", 50, 4000, false, {-0.5, -0.5, -0.5}, {0.5, 0.2, 0.5}},
-    {"nameplate.lwo", 8, 1000, false, {-0.5, -0.1, -0.5}, {0.5, 0.6, 0.5}},
-};
 
 std::string load(const std::string& name, Mesh& mesh) {
     std::ifstream in(name, std::ios::binary);
@@ -116,7 +90,7 @@ std::string surfaceFault(const Mesh& mesh) {
     return "";
 }
 
-std::string shapeFault(const Mesh& mesh, const ObjectRule& rule) {
+std::string shapeFault(const Mesh& mesh, const ObjectAsset& rule) {
     if (mesh.faceCount < rule.fewest || mesh.faceCount > rule.most)
         return std::to_string(mesh.faceCount) + " triangles";
     const Bounds b = boundsOf(mesh, -1);
@@ -181,20 +155,23 @@ std::vector<Finding> checkObjects(const std::string& folder) {
     std::vector<Finding> findings;
     const std::filesystem::path before = std::filesystem::current_path();
     std::filesystem::current_path(folder); // the reader opens the textures there
-    for (const ObjectRule& rule : objectRules) {
+    for (const Asset& asset : manifest()) {
+        const auto* rule = std::get_if<ObjectAsset>(&asset.form);
+        if (rule == nullptr)
+            continue;
         Mesh mesh;
         std::string fault;
         try {
-            fault = load(rule.fileName, mesh);
+            fault = load(asset.fileName, mesh);
         } catch (const std::exception& error) {
             fault = error.what();
         }
         if (fault.empty())
             fault = surfaceFault(mesh);
         if (fault.empty())
-            fault = shapeFault(mesh, rule);
-        findings.push_back({rule.fileName, fault, !fault.empty()});
-        addSpecialFindings(rule.fileName, mesh, findings);
+            fault = shapeFault(mesh, *rule);
+        findings.push_back({asset.fileName, fault, !fault.empty()});
+        addSpecialFindings(asset.fileName, mesh, findings);
     }
     std::filesystem::current_path(before);
     return findings;

@@ -1,6 +1,6 @@
 #include "forge/checks.h"
+#include "forge/manifest.h"
 #include "forge/picture_file.h"
-#include "forge/recipe.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -11,71 +11,6 @@
 namespace lumenfold::art {
 
 namespace {
-
-// What a picture must hold besides its form and size.
-enum Rule : unsigned {
-    wrapsInX = 1,
-    wrapsInY = 2,
-    blackRim = 4,    // every border pixel exactly 0
-    blackGround = 8, // added: a good part of it exactly 0
-    darkRight = 16,  // columns 420 to 510 leave room for what is added there
-    whiteKeyed = 32, // exactly white or clearly not
-};
-
-struct PictureRule {
-    const char* fileName;
-    int width;
-    int height;
-    unsigned rules;
-};
-
-constexpr unsigned seamless = wrapsInX | wrapsInY;
-
-constexpr PictureRule pictureRules[] = {
-    {"petrolenv.jpg", 256, 256, seamless},
-    {"cell5a.jpg", 256, 256, seamless},
-    {"cell1.jpg", 256, 256, seamless},
-    {"cells3c.jpg", 256, 256, 0},
-    {"phong5.jpg", 256, 256, 0},
-    {"eftex.jpg", 256, 256, 0},
-    {"cubet5.jpg", 256, 256, 0},
-    {"cubet4.jpg", 256, 256, wrapsInY},
-    {"fdgrid.jpg", 256, 256, seamless},
-    {"slem4.jpg", 256, 256, seamless},
-    {"hullpan.jpg", 256, 256, seamless},
-    {"ribwall.jpg", 256, 256, seamless},
-    {"hall1.jpg", 256, 256, seamless},
-    {"ripple.jpg", 256, 256, seamless | blackGround},
-    {"fire1.jpg", 256, 256, seamless | blackGround},
-    {"plate1.jpg", 256, 256, wrapsInX | blackGround},
-    {"film1.jpg", 256, 256, wrapsInX},
-    {"tunbay1.jpg", 256, 256, seamless},
-    {"tunbay2.jpg", 256, 256, seamless},
-    {"lamps.jpg", 256, 256, wrapsInX},
-    {"medal1.jpg", 256, 256, 0},
-    {"cave1.jpg", 256, 256, seamless},
-    {"cave2.jpg", 256, 256, seamless},
-    {"cave3.jpg", 256, 256, seamless},
-    {"dawn1.jpg", 256, 256, 0},
-    {"glow1.jpg", 256, 256, blackRim | blackGround},
-    {"bfs1.pcx", 32, 32, blackRim | blackGround},
-    {"bfs0.pcx", 16, 16, blackRim | blackGround},
-    {"petrolflare.jpg", 32, 32, blackRim | blackGround},
-    {"goodlog512a.jpg", 512, 80, blackRim | blackGround},
-    {"circ3.jpg", 512, 70, wrapsInX | wrapsInY},
-    {"cptext6.pcx", 128, 512, wrapsInY | blackGround},
-    {"sidogrej91x351.tga", 91, 351, 0},
-    {"bajsa.jpg", 256, 36, wrapsInX},
-    {"greets2.pcx", 32, 2048, wrapsInY},
-    {"endscroll.pcx", 512, 1400, wrapsInY},
-    {"designfusk.pcx", 512, 384, whiteKeyed},
-    {"skum3.jpg", 512, 384, 0},
-    {"morph3.jpg", 512, 384, 0},
-    {"bkfire.jpg", 512, 384, blackGround},
-    {"part3bak.jpg", 512, 384, darkRight},
-    {"svampbak.jpg", 512, 384, 0},
-    {"3dframe.jpg", 512, 384, 0},
-};
 
 int channel(Pixel32 pixel, int index) {
     return static_cast<int>(pixel >> (8 * index) & 255);
@@ -161,36 +96,31 @@ std::vector<std::uint8_t> bytesOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::string fault(const PictureRule& rule, const std::string& path) {
-    const std::string name = rule.fileName;
-    if (name.substr(name.size() - 4) == ".jpg") {
-        std::string form = jpegFault(bytesOf(path), rule.width, rule.height);
+std::string fault(const PictureAsset& asset, const std::string& path) {
+    if (path.substr(path.size() - 4) == ".jpg") {
+        std::string form = jpegFault(bytesOf(path), asset.width, asset.height);
         if (!form.empty()) {
             return form;
         }
     }
-    return contentFault(readPicture(path, rule.width, rule.height), rule.rules);
+    return contentFault(readPicture(path, asset.width, asset.height), asset.rules);
 }
 
 } // namespace
 
 std::vector<Finding> checkPictures(const std::string& folder) {
-    std::vector<PictureRule> rules(std::begin(pictureRules), std::end(pictureRules));
-    for (const Recipe& recipe : textureRecipes()) { // textures without a rule of their own
-        const auto sameName = [&](const PictureRule& rule) { return std::string(rule.fileName) == recipe.fileName; };
-        if (std::none_of(rules.begin(), rules.end(), sameName)) {
-            rules.push_back({recipe.fileName, textureSide, textureSide, 0});
-        }
-    }
     std::vector<Finding> findings;
-    for (const PictureRule& rule : rules) {
+    for (const Asset& asset : manifest()) {
+        const auto* picture = std::get_if<PictureAsset>(&asset.form);
+        if (picture == nullptr)
+            continue;
         std::string text;
         try {
-            text = fault(rule, folder + "/" + rule.fileName);
+            text = fault(*picture, folder + "/" + asset.fileName);
         } catch (const std::exception& error) {
             text = error.what();
         }
-        findings.push_back({rule.fileName, text, !text.empty()});
+        findings.push_back({asset.fileName, text, !text.empty()});
     }
     return findings;
 }

@@ -1,6 +1,7 @@
 #include "forge/picture_file.h"
 
 #include "assets/image.h"
+#include "assets/jpeg.h"
 #include "forge/encode.h"
 
 #include <algorithm>
@@ -8,14 +9,30 @@
 
 namespace lumenfold::art {
 
-PictureFile readPicture(const std::string& path, int width, int height) {
+namespace {
+
+template <typename Fill>
+PictureFile filled(const std::string& name, int width, int height, Fill fill) {
     constexpr Pixel32 untouched = 0xAA000000; // no reader writes a top byte
     PictureFile picture{width, height, std::vector<Pixel32>(static_cast<std::size_t>(width) * height, untouched)};
-    loadImage(path.c_str(), picture.pixels.data(), width, height, FrameInfo{width, height, 0, 0, 0}, 0);
-    if (std::count(picture.pixels.begin(), picture.pixels.end(), untouched) != 0) {
-        throw std::runtime_error(path + ": does not fill " + std::to_string(width) + " x " + std::to_string(height));
-    }
+    fill(picture.pixels.data(), FrameInfo{width, height, 0, 0, 0});
+    if (std::count(picture.pixels.begin(), picture.pixels.end(), untouched) != 0)
+        throw std::runtime_error(name + ": does not fill " + std::to_string(width) + " x " + std::to_string(height));
     return picture;
+}
+
+} // namespace
+
+PictureFile readPicture(const std::string& path, int width, int height) {
+    return filled(path, width, height, [&](Pixel32* pixels, const FrameInfo& size) {
+        loadImage(path.c_str(), pixels, width, height, size, 0);
+    });
+}
+
+PictureFile pictureIn(const std::vector<std::uint8_t>& jpeg, const std::string& name, int width, int height) {
+    return filled(name, width, height, [&](Pixel32* pixels, const FrameInfo& size) {
+        decodeJpegFile(jpeg.data(), jpeg.size(), name, pixels, size);
+    });
 }
 
 bool borderIsBlack(const PictureFile& p) {

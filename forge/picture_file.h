@@ -20,6 +20,9 @@ struct PictureFile {
 // std::runtime_error when it does not fill that size.
 PictureFile readPicture(const std::string& path, int width, int height);
 
+// The same from a JPEG file that is in memory; name is for the messages.
+PictureFile pictureIn(const std::vector<std::uint8_t>& jpeg, const std::string& name, int width, int height);
+
 // Whether the outermost rows and columns are exactly 0.
 bool borderIsBlack(const PictureFile& picture);
 

@@ -21,7 +21,7 @@ float Relief::at(int x, int y) const {
 
 Vec3 Relief::normal(int x, int y, float depth) const {
     const float scale = depth * static_cast<float>(size_) / 2;
-    return normalize({(at(x - 1, y) - at(x + 1, y)) * scale, (at(x, y - 1) - at(x, y + 1)) * scale, 1});
+    return normalize(Vec3{(at(x - 1, y) - at(x + 1, y)) * scale, (at(x, y - 1) - at(x, y + 1)) * scale, 1});
 }
 
 Relief Relief::lowPass(float reach) const {

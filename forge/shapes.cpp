@@ -4,12 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace lumenfold::art {
-
-namespace {
-constexpr double tau = 6.283185307179586;
-}
 
 void addBox(Model& model, Point low, Point high, std::uint32_t surface) {
     std::uint32_t corner[8];
@@ -71,56 +68,10 @@ void addCap(Model& model, const std::vector<Point>& ring, std::uint32_t surface)
 std::vector<Point> ringAround(Point centre, double radius, int count, double turn) {
     std::vector<Point> ring;
     for (int i = 0; i < count; ++i) {
-        const double angle = turn + tau * i / count;
+        const double angle = turn + 2 * std::numbers::pi * i / count;
         ring.push_back(centre + Point{trig::sin(angle) * radius, 0, trig::cos(angle) * radius});
     }
     return ring;
 }
-
-namespace solid {
-
-double sphere(Point p, Point centre, double radius) {
-    return length(p - centre) - radius;
-}
-
-double ellipsoid(Point p, Point centre, Point radii) {
-    const Point d = p - centre;
-    const double k0 = length({d.x / radii.x, d.y / radii.y, d.z / radii.z});
-    const double k1 = length({d.x / (radii.x * radii.x), d.y / (radii.y * radii.y), d.z / (radii.z * radii.z)});
-    return k0 * (k0 - 1) / std::max(k1, 1e-6);
-}
-
-double capsule(Point p, Point a, Point b, double radiusA, double radiusB) {
-    const Point d = b - a;
-    const double t = std::clamp(dot(p - a, d) / std::max(dot(d, d), 1e-12), 0.0, 1.0);
-    return length(p - (a + d * t)) - (radiusA + (radiusB - radiusA) * t);
-}
-
-double box(Point p, Point centre, Point half, double rounding) {
-    const Point d{std::fabs(p.x - centre.x) - half.x + rounding, std::fabs(p.y - centre.y) - half.y + rounding,
-                  std::fabs(p.z - centre.z) - half.z + rounding};
-    const Point outside{std::max(d.x, 0.0), std::max(d.y, 0.0), std::max(d.z, 0.0)};
-    return length(outside) + std::min(std::max({d.x, d.y, d.z}), 0.0) - rounding;
-}
-
-double torus(Point p, Point centre, double radius, double thickness) {
-    const Point d = p - centre;
-    const double around = std::sqrt(d.x * d.x + d.z * d.z) - radius;
-    return std::sqrt(around * around + d.y * d.y) - thickness;
-}
-
-double join(double a, double b, double softness) {
-    const double h = std::clamp(0.5 + 0.5 * (b - a) / softness, 0.0, 1.0);
-    return b * (1 - h) + a * h - softness * h * (1 - h);
-}
-
-double carve(double a, double b, double softness) {
-    return -join(-a, b, softness);
-}
-double common(double a, double b, double softness) {
-    return -join(-a, -b, softness);
-}
-
-} // namespace solid
 
 } // namespace lumenfold::art

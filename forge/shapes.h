@@ -21,16 +21,4 @@ void addCap(Model& model, const std::vector<Point>& ring, std::uint32_t surface)
 // A regular polygon of count points in the x-z plane at the height given, for skins that rise along y.
 std::vector<Point> ringAround(Point centre, double radius, int count, double turn = 0);
 
-// Signed distances for solids.
-namespace solid {
-double sphere(Point p, Point centre, double radius);
-double ellipsoid(Point p, Point centre, Point radii);
-double capsule(Point p, Point a, Point b, double radiusA, double radiusB); // round cone between two points
-double box(Point p, Point centre, Point half, double rounding);
-double torus(Point p, Point centre, double radius, double thickness); // about the y axis
-double join(double a, double b, double softness);                     // smooth union
-double carve(double a, double b, double softness);                    // a without b
-double common(double a, double b, double softness);                   // both
-} // namespace solid
-
 } // namespace lumenfold::art

@@ -67,7 +67,7 @@ class Simplifier {
         for (const Triangle& t : model.triangles) {
             const Point& a = model.points[t.corners[0]];
             const Point area = cross(model.points[t.corners[1]] - a, model.points[t.corners[2]] - a);
-            const Point n = normalized(area);
+            const Point n = normalize(area);
             for (std::uint32_t corner : t.corners)
                 quadrics[corner].addPlane(n, -dot(n, a), length(area));
         }
@@ -152,7 +152,7 @@ class Simplifier {
             std::array<Point, 3> p;
             for (std::size_t i = 0; i < 3; ++i)
                 p[i] = triangle.corners[i] == moved ? place : model.points[triangle.corners[i]];
-            if (dot(before, normalized(cross(p[1] - p[0], p[2] - p[0]))) < 0.3)
+            if (dot(before, normalize(cross(p[1] - p[0], p[2] - p[0]))) < 0.3)
                 return true;
         }
         return false;

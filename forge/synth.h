@@ -1,5 +1,7 @@
 #pragma once
 
+#include "forge/maths.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -16,9 +18,6 @@ using Samples = std::vector<double>; // -1 to 1 is full scale; mono at sampleRat
 constexpr double sampleRate = 33452.0;
 constexpr double middleC = 261.6256; // C-4 in hertz
 
-double exponential(double x);
-double logarithm(double x); // x > 0
-double power(double base, double exponent);
 double saturate(double x); // hyperbolic tangent
 // Sine of a phase counted in cycles.
 double cycleSine(double cycles);
@@ -42,7 +41,7 @@ void normalise(Samples& target, double peak = 0.97);
 
 // Zero-phase filter with soft slopes of 6 dB an octave for each order. 0 leaves a side open.
 Samples filtered(const Samples& source, double lowCut, double highCut, int order = 2);
-// Adds a decaying diffuse room behind the sound; the result is longer by the room's length. Brightness is where the
+// Adds a decaying diffuse room after the sound; the result is longer by the room's length. Brightness is where the
 // room's spectrum begins to fall, in hertz.
 Samples withRoom(const Samples& source, double roomSeconds, double wet, double brightness, std::uint32_t seed);
 // Raises the spectrum by up to the gain in a bell around each centre, all in hertz: a vowel.

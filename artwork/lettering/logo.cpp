@@ -3,7 +3,7 @@
 
 #include "artwork/lettering/lettering.h"
 #include "artwork/lettering/name.h"
-#include "forge/cairo_picture.h"
+#include "forge/canvas.h"
 #include "forge/encode.h"
 
 #include <algorithm>
@@ -81,7 +81,7 @@ Colour chrome(float x, float y, float slopeX, float slopeY) {
     const bool above = y < fold;
     const Colour face =
         above ? coldFace(saturate((fold - y) / (fold - ascender))) : warmFace(saturate((y - fold) / (baseline - fold)));
-    const Vec3 n = normalize({-slopeX, -slopeY, 1});
+    const Vec3 n = normalize(Vec3{-slopeX, -slopeY, 1});
     const float tilt = 1 - n.z;
     const float key = saturate(dot(n, {-0.55F, -0.62F, 0.56F}));
     const float rim = saturate(dot(n, {0.80F, 0.45F, 0.40F}));
@@ -132,8 +132,8 @@ float spark(float x, float y) {
 
 } // namespace
 
-void makeLogo(const std::string& path) {
-    const Picture mask = drawn(width * scale, height * scale, [](cairo_t* cairo) {
+Bitmap makeLogo() {
+    const Picture mask = coverage(width * scale, height * scale, [](cairo_t* cairo) {
         cairo_scale(cairo, scale, scale);
         drawName(cairo, (width - nameWidth()) / 2);
         // the fold is cut through the letters as a hairline
@@ -158,7 +158,7 @@ void makeLogo(const std::string& path) {
         return letters.at(x, y) + glow * (fade * (1 - 0.6F * cover.at(x, y).x)) +
                palette::ice * (spark(static_cast<float>(x), static_cast<float>(y)) * fade);
     });
-    writeBitmap(path, withTrueBlack(developed(title, {1.15F, true, 0}), 5));
+    return withTrueBlack(developed(title, {1.15F, true, 0}), 5);
 }
 
 } // namespace lumenfold::art

@@ -1,8 +1,12 @@
 #include "artwork/lettering/name.h"
 
+#include <numbers>
+
 namespace lumenfold::art {
 
 namespace {
+
+using std::numbers::pi;
 
 constexpr double stroke = 10.5;
 constexpr double half = stroke / 2;
@@ -12,7 +16,6 @@ constexpr double ascender = 9;
 constexpr double radius = 11;          // of every corner, on the middle of the stroke
 constexpr double top = xHeight + half; // middle lines of the strokes
 constexpr double bottom = baseline - half;
-constexpr double pi = 3.14159265358979;
 
 // The pen: strokes along straight lines and quarter circles. Angles in quarter turns, clockwise from the right.
 class Pen {

@@ -22,7 +22,7 @@ constexpr double turn = 6.283185307179586;
 
 // Added; 512 x 70 with 40 rows in sight, running past four columns a frame: creases of one pixel in dark cobalt, which
 // close on themselves sideways.
-void makeCircuitBand(const std::string& path) {
+Bitmap makeCircuitBand() {
     const Canvas canvas(512, 70, 0x02030C);
     for (int crease = 0; crease < 26; ++crease) {
         const auto random = [&](int which) { return static_cast<double>(hashUnit(crease, which, 0, 21)); };
@@ -34,7 +34,7 @@ void makeCircuitBand(const std::string& path) {
         for (int copy = -1; copy <= 1; ++copy) // what leaves on the right comes in on the left
             canvas.line(x + 512 * copy, y, x + reach + 512 * copy, y + fall, 1.0);
     }
-    writeBitmap(path, canvas.bitmap());
+    return canvas.bitmap();
 }
 
 namespace {
@@ -79,7 +79,7 @@ std::vector<float> fromHole(const Bitmap& mask, int reach) {
 
 // Opaque where it is not exactly white: ink with gold along the cut, which has no half-covered pixels, so that no white
 // shines at its edge.
-void makeOverlayPlate(const std::string& path) {
+Bitmap makeOverlayPlate() {
     constexpr int reach = 9;
     const Canvas hole(512, 384, 0);
     hole.ink(0xFFFFFF);
@@ -102,7 +102,7 @@ void makeOverlayPlate(const std::string& path) {
     Bitmap picture = developed(plate, {1, false, 0});
     for (std::size_t i = 0; i < picture.rgb.size(); ++i)
         picture.rgb[i] = mask.rgb[i] >= 128 ? 255 : std::min<std::uint8_t>(picture.rgb[i], 250);
-    writeBitmap(path, picture);
+    return picture;
 }
 
 } // namespace lumenfold::art

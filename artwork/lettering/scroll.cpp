@@ -135,7 +135,7 @@ Bitmap joined(const Bitmap& ground, const Bitmap& text) {
 
 } // namespace
 
-void makeEndScroll(const std::string& path) {
+Bitmap makeEndScroll() {
     const Canvas canvas(width, height, 0);
     cairo_t* cairo = canvas.cairo();
     canvas.ink(0xBFF3FF, 0.35); // the crease
@@ -172,7 +172,7 @@ void makeEndScroll(const std::string& path) {
     column.line("thank you for watching", Face::StrongBold, 32, Column::bone, 0.4);
     column.y += 36;
     column.line("fold it again", Face::TextBold, 19, Column::rose, 2);
-    writeBitmap(path, joined(developed(painting(), {1, false, 0.25F}), canvas.bitmap()));
+    return joined(developed(painting(), {1, false, 0.25F}), canvas.bitmap());
 }
 
 } // namespace lumenfold::art

@@ -22,7 +22,7 @@ struct Verse {
 } // namespace
 
 // Added onto the picture, so black is clear; wraps after 512 rows, so the last verse leaves room for the first.
-void makeTextStrip(const std::string& path) {
+Bitmap makeTextStrip() {
     constexpr Verse verses[] = {
         {"light", {"is a sheet", "of paper.", "fold it once:", "a crease."}},
         {"sound", {"is a hand", "that folds", "in time,", "row by row."}},
@@ -50,11 +50,11 @@ void makeTextStrip(const std::string& path) {
         }
         y += 128;
     }
-    writeBitmap(path, withTrueBlack(canvas.bitmap(), 6));
+    return withTrueBlack(canvas.bitmap(), 6);
 }
 
 // Added at the right edge over a dark place; 91 x 351.
-void makeRoleStrip(const std::string& path) {
+Bitmap makeRoleStrip() {
     constexpr std::uint32_t ivory = 0xE9E6DC, stone = 0x9FA7A9, vermilion = 0xE23B1C;
     constexpr const char* roles[][2] = {
         {"code", "every pixel"}, {"pictures", "every ray"}, {"objects", "every fold"}, {"music", "every row"}};
@@ -76,12 +76,12 @@ void makeRoleStrip(const std::string& path) {
         canvas.text(10, y + 15, role[1], Face::StrongBold, 13.5, 0.1);
         y += 66;
     }
-    writeBitmap(path, canvas.bitmap());
+    return canvas.bitmap();
 }
 
 // Opaque, repeats after 256 columns and also runs upside down: bars that swell and shrink, 16 above and 18 below, so
 // that the two rows drift in and out of step like a moire.
-void makeBanner(const std::string& path) {
+Bitmap makeBanner() {
     const Canvas canvas(256, 36, 0x12042A);
     constexpr std::uint32_t violet = 0x5B1A8C, magenta = 0xE83FA8, gold = 0xFFC857, white = 0xFFF1D0;
     const auto row = [&](int bars, double centre, double height, std::uint32_t rgb, double phase) {
@@ -103,11 +103,11 @@ void makeBanner(const std::string& path) {
     canvas.ink(gold, 0.9);
     canvas.rectangle(0, 0, 256, 1.2);
     canvas.rectangle(0, 34.8, 256, 1.2);
-    writeBitmap(path, canvas.bitmap());
+    return canvas.bitmap();
 }
 
 // Opaque, 32 x 2048, scrolls up and wraps: one line of type turned by a quarter, read from top to bottom.
-void makeGreetings(const std::string& path) {
+Bitmap makeGreetings() {
     constexpr std::uint32_t night = 0x12010A, blood = 0x5A0718, red = 0xC81E2B, ember = 0xFF7A3C, bone = 0xFFE3B8;
     const Canvas canvas(32, 2048, night);
     cairo_t* cairo = canvas.cairo();
@@ -134,7 +134,7 @@ void makeGreetings(const std::string& path) {
         canvas.rectangle(x + gap / 2 - 3.5, -19.5, 7, 7);
         x += gap;
     }
-    writeBitmap(path, canvas.bitmap());
+    return canvas.bitmap();
 }
 
 } // namespace lumenfold::art

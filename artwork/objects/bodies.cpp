@@ -4,6 +4,7 @@
 #include "artwork/objects/objects.h"
 #include "core/trig.h"
 #include "forge/isosurface.h"
+#include "forge/sdf.h"
 #include "forge/shapes.h"
 
 #include <cmath>
@@ -12,7 +13,7 @@ namespace lumenfold::art {
 
 namespace {
 
-using namespace solid;
+using namespace sdf;
 
 Model body(const Solid& field, double reach, double spacing, std::size_t triangles, double scale) {
     Model model = meshSolid(field, {-reach, -reach, -reach}, {reach, reach, reach}, spacing);
@@ -29,17 +30,17 @@ Model body(const Solid& field, double reach, double spacing, std::size_t triangl
 Model makeBlob() {
     return body(
         [](Point p) {
-            double d = sphere(p, {}, 0.78);
+            double d = sphere(p, 0.78);
             for (int i = 0; i < 9; ++i) {
                 const double a = i * 2.399963;
                 const double y = 1 - 2 * (i + 0.5) / 9;
                 const double r = std::sqrt(1 - y * y);
                 const Point out{r * trig::cos(a), y, r * trig::sin(a)};
-                const Point aside = normalized(cross(out, Point{0.3, 1, 0.2})) * 0.26;
+                const Point aside = normalize(cross(out, Point{0.3, 1, 0.2})) * 0.26;
                 const Point knee = out * 0.98 + aside;
                 const Point tip = out * (1.34 + 0.05 * (i % 3)) + aside * -0.5;
-                d = join(d, capsule(p, out * 0.4, knee, 0.40, 0.25), 0.30);
-                d = join(d, capsule(p, knee, tip, 0.25, 0.09), 0.13);
+                d = smoothUnion(d, capsule(p, out * 0.4, knee, 0.40, 0.25), 0.30);
+                d = smoothUnion(d, capsule(p, knee, tip, 0.25, 0.09), 0.13);
             }
             // shallow rings, as on shells
             return d + 0.012 * trig::sin(9 * length(p));
@@ -75,7 +76,7 @@ class Folding {
 
   private:
     static Point between(Point a, Point b, double reach) {
-        return normalized(a + b) * (0.5 * (length(a) + length(b)) * reach);
+        return normalize(a + b) * (0.5 * (length(a) + length(b)) * reach);
     }
 };
 
@@ -92,8 +93,8 @@ Model makePaperStar() {
                                 {3, 8, 9},   {4, 9, 5},  {2, 4, 11}, {6, 2, 10}, {8, 6, 7},   {9, 8, 1}};
     Folding folding;
     for (const auto& face : faces)
-        folding.fold(normalized(corners[face[0]]) * 0.62, normalized(corners[face[1]]) * 0.62,
-                     normalized(corners[face[2]]) * 0.62, 2);
+        folding.fold(normalize(corners[face[0]]) * 0.62, normalize(corners[face[1]]) * 0.62,
+                     normalize(corners[face[2]]) * 0.62, 2);
     folding.model.addSurface({"paper", {220, 214, 200}, {}, {}});
     return folding.model;
 }
@@ -113,8 +114,8 @@ Model makeKnot() {
             }
             for (int i = 0; i < 18; ++i) {
                 const Point from = place(i * 0.349066);
-                const Point out = normalized(from + Point{0, 0, (i & 1) != 0 ? 0.5 : -0.5});
-                d = join(d, capsule(p, from, from + out * 0.36, 0.10, 0.012), 0.07);
+                const Point out = normalize(from + Point{0, 0, (i & 1) != 0 ? 0.5 : -0.5});
+                d = smoothUnion(d, capsule(p, from, from + out * 0.36, 0.10, 0.012), 0.07);
             }
             return d;
         },

@@ -8,13 +8,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <utility>
 
 namespace lumenfold::art {
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
+using std::numbers::pi;
+
 constexpr double floorY = -4;
 constexpr double half = 9;   // of the nave's width
 constexpr double spring = 7; // where its vault begins; it is round: its top lies at spring + half
@@ -123,7 +125,7 @@ void addShaft(Model& model, const Surfaces& s, const std::vector<Point>& rim) {
     const auto ringAt = [&](double radius, double y) {
         std::vector<Point> ring;
         for (const Point& p : rim)
-            ring.push_back(chamber + normalized(p - chamber) * radius + Point{0, y, 0});
+            ring.push_back(chamber + normalize(p - chamber) * radius + Point{0, y, 0});
         return ring;
     };
     const Point axis = chamber + Point{0, 60, 0};
@@ -188,7 +190,7 @@ void addChamber(Model& model, const Surfaces& s) {
     std::vector<Point> outer;
     foot.push_back(foot.front());
     for (const Point& p : foot) {
-        const Point d = normalized(p - chamber);
+        const Point d = normalize(p - chamber);
         rim.push_back(chamber + d * chamberFloor);
         outer.push_back(p);
     }

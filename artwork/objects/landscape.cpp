@@ -197,8 +197,8 @@ void addSpire(Model& model, const Spire& spire, const Rock& rock, std::uint32_t 
 
 // A long hexagonal crystal.
 void addCrystal(Model& model, Point foot, Point direction, double size, std::uint32_t surface) {
-    const Point up = normalized(direction);
-    const Point side = normalized(cross(up, std::fabs(up.x) < 0.8 ? Point{1, 0, 0} : Point{0, 0, 1}));
+    const Point up = normalize(direction);
+    const Point side = normalize(cross(up, std::fabs(up.x) < 0.8 ? Point{1, 0, 0} : Point{0, 0, 1}));
     const Point across = cross(up, side);
     const std::size_t first = model.triangles.size();
     const auto ring = [&](double height, double radius) {
@@ -227,12 +227,12 @@ void addCrystal(Model& model, Point foot, Point direction, double size, std::uin
 // A bunch of crystals that spreads about the direction.
 void addCluster(Model& model, Point foot, Point direction, double size, Lamp lamp, int crystals) {
     const int number = static_cast<int>(model.surfaces.size());
-    const double y = foot.y + normalized(direction).y * size * 0.55;
+    const double y = foot.y + normalize(direction).y * size * 0.55;
     const std::uint32_t surface =
         addSurface(model, "crystal" + std::to_string(number), lampMap(lamp, Axis::X, y, size * 1.05, 40));
     for (int k = 0; k < crystals; ++k) {
         const auto spread = [&](int axis) { return 0.9 * (static_cast<double>(hashUnit(number, k, axis, 705)) - 0.5); };
-        const Point d = normalized(direction) + Point{spread(0), spread(1) * 0.6, spread(2)};
+        const Point d = normalize(direction) + Point{spread(0), spread(1) * 0.6, spread(2)};
         addCrystal(model, foot + Point{spread(3), 0, spread(4)} * (0.5 * size), d, size * (1 - 0.13 * k), surface);
     }
 }

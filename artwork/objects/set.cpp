@@ -6,9 +6,11 @@
 #include "core/trig.h"
 #include "forge/dressing.h"
 #include "forge/isosurface.h"
+#include "forge/sdf.h"
 #include "forge/shapes.h"
 
 #include <cmath>
+#include <numbers>
 #include <string>
 #include <utility>
 
@@ -16,7 +18,6 @@ namespace lumenfold::art {
 
 namespace {
 
-constexpr double pi = 3.141592653589793;
 constexpr double raised = 0.2; // the scene lifts base and nameplate by that much
 
 // The sign box: its long sides lean out towards the top, as lettering is laid by x and z.
@@ -72,7 +73,7 @@ void addDome(Model& model) {
     constexpr double wide = 2.9; // of a wall, about what a picture covers
     const std::uint32_t wall = model.addSurface({"wall", {}, {}, {}});
     const std::uint32_t ground = addSurface(model, "ground", tiledMap("hall1.jpg", Axis::Y, {}, {1.6, 1, 2.9}));
-    const auto ring = [&](double r, double y) { return ringAround({0, y, 0}, r, sides, pi / sides); };
+    const auto ring = [&](double r, double y) { return ringAround({0, y, 0}, r, sides, std::numbers::pi / sides); };
     const std::vector<std::vector<Point>> rings{ring(radius, -0.42), ring(radius, 0.9), ring(radius * 0.8, 1.7),
                                                 ring(radius * 0.3, 2.3)};
     Model dome;
@@ -150,17 +151,17 @@ Model makeCentrepiece() {
 Model makeClaw() {
     Model model = meshSolid(
         [](Point p) {
-            const double foot = solid::box(p, {-0.02, -0.36, 0}, {0.10, 0.05, 0.08}, 0.025);
             const Point joints[7] = {{-0.03, -0.33, 0}, {-0.11, -0.17, 0}, {-0.10, 0.0, 0}, {0.0, 0.12, 0},
                                      {0.13, 0.155, 0},  {0.25, 0.12, 0},   {0.36, 0.02, 0}};
-            double d = foot;
+            double d = sdf::box(p - Point{-0.02, -0.36, 0}, {0.10, 0.05, 0.08}, 0.025); // the foot
             for (int i = 0; i < 6; ++i) {
-                d = solid::join(d, solid::capsule(p, joints[i], joints[i + 1], 0.055 - 0.008 * i, 0.047 - 0.008 * i),
-                                0.022);
-                d = solid::join(d, solid::sphere(p, joints[i], 0.064 - 0.008 * i), 0.012);
+                const double thinner = 0.008 * i;
+                d = sdf::smoothUnion(d, sdf::capsule(p, joints[i], joints[i + 1], 0.055 - thinner, 0.047 - thinner),
+                                     0.022);
+                d = sdf::smoothUnion(d, sdf::sphere(p - joints[i], 0.064 - thinner), 0.012);
             }
-            // a ridge along the back
-            return solid::join(d, solid::capsule(p, {-0.15, -0.05, 0}, {-0.07, 0.15, 0}, 0.018, 0.004), 0.03);
+            const double ridge = sdf::capsule(p, {-0.15, -0.05, 0}, {-0.07, 0.15, 0}, 0.018, 0.004); // along the back
+            return sdf::smoothUnion(d, ridge, 0.03);
         },
         {-0.25, -0.45, -0.15}, {0.45, 0.28, 0.15}, 0.013);
     simplify(model, 1600);
@@ -190,7 +191,7 @@ Model makeFirePole() {
         std::vector<std::vector<Point>> rows;
         for (int i = 0; i <= 28; ++i) {
             const double h = i / 28.0;
-            const double a = ribbon * pi + h * 9.0;
+            const double a = ribbon * std::numbers::pi + h * 9.0;
             const double r = 0.13 * (1 - 0.6 * h);
             rows.push_back({{r * trig::cos(a), 0.08 + h * 0.7, r * trig::sin(a)},
                             {r * trig::cos(a + 0.15), 0.08 + h * 0.7 + 0.055 * (1 - h), r * trig::sin(a + 0.15)}});
@@ -220,7 +221,7 @@ Model makeFireBase() {
     const std::uint32_t crownZ = addSurface(model, "crownz", tiledMap("fire1.jpg", Axis::Z, {}, {0.3, 0.32, 0.3}));
     const std::uint32_t crownX = addSurface(model, "crownx", tiledMap("fire1.jpg", Axis::X, {}, {0.3, 0.32, 0.3}));
     for (int i = 0; i < 14; ++i) {
-        const double a = 2 * pi * i / 14;
+        const double a = 2 * std::numbers::pi * i / 14;
         const auto at = [&](double radius, double angle, double y) {
             return model.addPoint({radius * trig::cos(a + angle), y - raised, radius * trig::sin(a + angle)});
         };

@@ -76,7 +76,7 @@ Strip nearestStrip(Vec3 p) {
     const float depth = 3.6F + 1.6F * hashUnit(copy.index, 0, 0, 833);
     const float top = 3.2F + 1.2F * hashUnit(copy.index, 1, 0, 833);
     const float y = p.y - std::clamp(p.y, floorHeight + 0.15F, top);
-    return {length({copy.place, y, p.z - depth + 0.32F}) - 0.022F, copy.index};
+    return {length(Vec3{copy.place, y, p.z - depth + 0.32F}) - 0.022F, copy.index};
 }
 
 Nearest nearestPart(Vec3 p) {
@@ -95,8 +95,9 @@ Nearest nearestPart(Vec3 p) {
     nearest = nearer(nearest, {std::min(0.6F, lamp.distance), strip});
     const sdf::Copy copy = sdf::repeated(p.x + 0.35F, 1.35F);
     const float depth = 3.6F + 1.6F * hashUnit(copy.index, 0, 0, 833);
-    nearest = nearer(
-        nearest, {std::min(0.6F, sdf::box({copy.place, p.y - 2, p.z - depth}, {0.24F, 3.2F, 0.24F}, 0.03F)), pillar});
+    nearest =
+        nearer(nearest,
+               {std::min(0.6F, sdf::box(Vec3{copy.place, p.y - 2, p.z - depth}, {0.24F, 3.2F, 0.24F}, 0.03F)), pillar});
     for (int i = 0; i < 3; ++i) { // cables that carry the outer ring
         const float sag = 0.03F * p.x * p.x * (1 + 0.3F * static_cast<float>(i));
         const float y = p.y - 0.95F - 0.28F * static_cast<float>(i) - sag - 0.05F * p.x;
@@ -202,13 +203,13 @@ Colour tungsten(Colour light) {
 
 } // namespace
 
-void makeMachineCore(const std::string& path) {
+Bitmap makeMachineCore() {
     const Camera camera = {{0.85F, 0.95F, -4.35F}, {0.02F, 1.12F, 0}, 1.42F, 0.04F};
     Picture picture = photograph(machineWorld(), camera, 512, 384, 4);
     picture = withBloom(picture, {3, 0.12F, 16, 0.12F}, Edge::clamp);
     picture.change([](Colour light, int, int) { return tungsten(light); });
     addVignette(picture, 0.45F);
-    writeBitmap(path, developed(picture, {1.0F, false, 0.6F}));
+    return developed(picture, {1.0F, false, 0.6F});
 }
 
 } // namespace lumenfold::art

@@ -101,7 +101,7 @@ Picture burn(const Sheet& sheet) {
 
 } // namespace
 
-void makeFireWreath(const std::string& path) {
+Bitmap makeFireWreath() {
     constexpr int count = sizeof sheets / sizeof sheets[0];
     std::vector<Picture> burnt(count, Picture(1, 1));
     parallelFor(count, [&](int i) { burnt[static_cast<std::size_t>(i)] = burn(sheets[i]); });
@@ -117,7 +117,7 @@ void makeFireWreath(const std::string& path) {
     });
     picture = withBloom(picture, {2.5F, 0.14F, 14, 0.08F}, Edge::clamp);
     addCrease(picture);
-    writeBitmap(path, withTrueBlack(developed(picture, {0.8F, true, 0}), 6));
+    return withTrueBlack(developed(picture, {0.8F, true, 0}), 6);
 }
 
 } // namespace lumenfold::art

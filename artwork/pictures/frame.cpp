@@ -2,7 +2,7 @@
 #include "artwork/pictures/pictures.h"
 
 #include "artwork/lettering/name.h"
-#include "forge/cairo_picture.h"
+#include "forge/canvas.h"
 #include "forge/encode.h"
 #include "forge/noise.h"
 #include "forge/sdf.h"
@@ -38,14 +38,14 @@ constexpr Vec3 maskPlace = {-4.02F, 0.10F, 0.02F};
 
 // The name, written upwards along the pane, as a soft-edged field: 1 in the letters.
 const Picture& nameField() {
-    static const Picture field = blurred(drawn(512, 384,
-                                               [](cairo_t* cairo) {
-                                                   cairo_translate(cairo, 114, 303);
-                                                   cairo_rotate(cairo, -1.5707963);
-                                                   const double scale = 216 / nameWidth();
-                                                   cairo_scale(cairo, scale, scale);
-                                                   drawName(cairo, 0);
-                                               }),
+    static const Picture field = blurred(coverage(512, 384,
+                                                  [](cairo_t* cairo) {
+                                                      cairo_translate(cairo, 114, 303);
+                                                      cairo_rotate(cairo, -1.5707963);
+                                                      const double scale = 216 / nameWidth();
+                                                      cairo_scale(cairo, scale, scale);
+                                                      drawName(cairo, 0);
+                                                  }),
                                          0.8F, Edge::clamp);
     return field;
 }
@@ -61,13 +61,6 @@ float nameAt(Vec3 p) {
                mix(f.at(column, row + 1).x, f.at(column + 1, row + 1).x, fx), fy);
 }
 
-float ellipsoid(Vec3 p, Vec3 half) {
-    const Vec3 a = {p.x / half.x, p.y / half.y, p.z / half.z};
-    const Vec3 b = {a.x / half.x, a.y / half.y, a.z / half.z};
-    const float k = length(a);
-    return k * (k - 1) / std::max(length(b), 1e-6F);
-}
-
 // A sleeping face; y up, the nose towards -z, about 2.2 units tall, folded over the brow by a crest.
 float face(Vec3 p) {
     const float bound = sdf::box(p - Vec3{0, -0.20F, 0}, {0.90F, 1.35F, 0.65F});
@@ -77,6 +70,7 @@ float face(Vec3 p) {
     const Vec3 q = {p.x, p.y, -p.z};
     const Vec3 m = {std::fabs(p.x), p.y, -p.z};
     using sdf::capsule;
+    using sdf::ellipsoid;
     using sdf::smoothCut;
     using sdf::smoothUnion;
     float d = ellipsoid(q - Vec3{0, 0.58F, -0.06F}, {0.375F, 0.43F, 0.47F});
@@ -248,7 +242,7 @@ World frameWorld() {
 
 } // namespace
 
-void makeForgeDoor(const std::string& path) {
+Bitmap makeForgeDoor() {
     const World world = frameWorld();
     Picture picture = renderPicture(
         512, 384, 3,
@@ -268,7 +262,7 @@ void makeForgeDoor(const std::string& path) {
         const bool inPane = x >= 160 && x < 480 && y >= 85 && y < 305;
         return inPane ? Colour{} : c;
     });
-    writeBitmap(path, developed(picture, {1.6F, true, 0.6F}));
+    return developed(picture, {1.6F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

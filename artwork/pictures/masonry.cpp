@@ -88,8 +88,8 @@ Colour wallAt(float x, float y) {
     const Stone stone = stoneAt(place.column, place.row);
     const float slopeX = placeAt(x + 0.7F, y).height - placeAt(x - 0.7F, y).height;
     const float slopeY = placeAt(x, y + 0.7F).height - placeAt(x, y - 0.7F).height;
-    const Vec3 normal = normalize({-slopeX, -slopeY, 1.4F});
-    const Vec3 sun = normalize({0.80F, -0.36F, 0.48F});
+    const Vec3 normal = normalize(Vec3{-slopeX, -slopeY, 1.4F});
+    const Vec3 sun = normalize(Vec3{0.80F, -0.36F, 0.48F});
     const float lit = saturate(dot(normal, sun)) * lightOver(x, y, place.height);
     const float grain = fractalNoise({0.30F * x, 0.30F * y, 8}, 3, 914);
     Colour body = mix(fromHex(0xB83A30), fromHex(0xDA6A50), stone.tone);
@@ -110,13 +110,13 @@ Colour wallAt(float x, float y) {
 
 } // namespace
 
-void makeMasonry(const std::string& path) {
+Bitmap makeMasonry() {
     Picture picture = renderPicture(512, 384, 3, [](float x, float y, std::uint32_t) { return wallAt(x, y); });
     picture = withBloom(picture, {2.5F, 0.10F, 16, 0.10F}, Edge::clamp);
     picture.change([](Colour light, int x, int y) {
         return missing(x / static_cast<int>(stoneWidth), y / static_cast<int>(stoneHeight)) ? Colour{} : light;
     });
-    writeBitmap(path, developed(picture, {1.15F, true, 0.6F}));
+    return developed(picture, {1.15F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

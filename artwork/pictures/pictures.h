@@ -1,17 +1,16 @@
 #pragma once
 
-#include <string>
+#include "forge/picture.h"
 
-// One function per full-screen picture; each writes the finished file. The list of recipes stands in
-// recipes.cpp.
+// One function per full-screen picture; the manifest gives their files.
 
 namespace lumenfold::art {
 
-void makeOilPool(const std::string& path);
-void makeMachineCore(const std::string& path);
-void makeFireWreath(const std::string& path);
-void makeMasonry(const std::string& path);
-void makeIvoryStage(const std::string& path);
-void makeForgeDoor(const std::string& path);
+Bitmap makeOilPool();
+Bitmap makeMachineCore();
+Bitmap makeFireWreath();
+Bitmap makeMasonry();
+Bitmap makeIvoryStage();
+Bitmap makeForgeDoor();
 
 } // namespace lumenfold::art

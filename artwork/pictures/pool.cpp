@@ -50,20 +50,20 @@ Colour ceiling(Vec3 direction) {
 Colour oilPoolAt(float x, float y) {
     const float slopeX = 0.5F * (oilAt(x + 1, y) - oilAt(x - 1, y));
     const float slopeY = 0.5F * (oilAt(x, y + 1) - oilAt(x, y - 1));
-    const Vec3 normal = normalize({-slopeX, -slopeY, 1.25F});
+    const Vec3 normal = normalize(Vec3{-slopeX, -slopeY, 1.25F});
     // the viewer stands over the middle: towards the rim the oil is seen at a slant
-    const Vec3 view = normalize({(x - middleX) / 620, (y - middleY) / 620, -1});
+    const Vec3 view = normalize(Vec3{(x - middleX) / 620, (y - middleY) / 620, -1});
     const Vec3 direction = reflect(view, normal);
     const float grazing = power(1 - saturate(-dot(view, normal)), 3);
     return ceiling(direction) * (0.62F + 0.8F * grazing) + fromHex(0x050818) * 0.5F;
 }
 
-void makeOilPool(const std::string& path) {
+Bitmap makeOilPool() {
     Picture picture = renderPicture(
         512, 384, 4, [](float x, float y, std::uint32_t) { return oilPoolAt(x, y); }, 0.25F);
     picture = withBloom(picture, {2.5F, 0.12F, 18, 0.12F}, Edge::clamp);
     picture.change([](Colour c, int x, int) { return c * mix(0.20F, 1, smoothStep(60, 190, static_cast<float>(x))); });
-    writeBitmap(path, developed(picture, {1.42F, true, 0.6F}));
+    return developed(picture, {1.42F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

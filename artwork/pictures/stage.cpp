@@ -86,7 +86,7 @@ World stageWorld() {
     world.sky = [](Vec3 direction) {
         return mix(fromHex(0xB9B2A4), fromHex(0xDCE8F0), smoothStep(-0.5F, 0.8F, direction.y)) * 0.50F;
     };
-    world.keyDirection = normalize({-0.78F, 0.46F, -0.52F});
+    world.keyDirection = normalize(Vec3{-0.78F, 0.46F, -0.52F});
     world.keyLight = fromHex(0xFFE6BC) * 1.9F;
     world.farthest = 40;
     world.reflections = 1;
@@ -96,12 +96,12 @@ World stageWorld() {
 
 } // namespace
 
-void makeIvoryStage(const std::string& path) {
+Bitmap makeIvoryStage() {
     const Camera camera = {{0, 0.35F, -9.5F}, {0, 0.05F, 0}, 1.30F, 0};
     Picture picture = photograph(stageWorld(), camera, 512, 384, 4);
     picture = withBloom(picture, {2, 0.06F, 18, 0.10F}, Edge::clamp);
     addCrease(picture, 0.35F);
-    writeBitmap(path, developed(picture, {1.0F, true, 0.6F}));
+    return developed(picture, {1.0F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

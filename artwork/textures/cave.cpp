@@ -77,11 +77,11 @@ Colour rockLight(float u, float v, Vec3 normal) {
     const float window = fromWindow(u, v);
     if (window < 0)
         return sky(v) * smoothStep(0.0F, -0.30F, window);
-    const Vec3 water = normalize({-0.45F, 0.70F, 0.50F});
+    const Vec3 water = normalize(Vec3{-0.45F, 0.70F, 0.50F});
     // day comes through the window: from its middle towards the place
     const float across = rise * (u - 0.5F);
     const float up = std::max(heightAbove(v), 0.0F);
-    const Vec3 day = normalize({-across, up - 5.5F, 1.2F});
+    const Vec3 day = normalize(Vec3{-across, up - 5.5F, 1.2F});
     const float near = exponential(-up / 6);
     const Cell cell = cellNoise(5 * u, 8 * v, 632, {5, 8}, 0.8F, 14);
     const Colour body = mix(night * 2.2F, jade * 1.5F, 0.25F + 0.75F * unitOf(cell.id, 1));
@@ -110,12 +110,12 @@ Colour ribLight(float u, float v, Vec3 normal) {
     light += daybreak * crest * (0.4F + 0.6F * normal.z);
     light += edge * (0.42F * bell(std::fabs(across) - crestReach + 0.13F, 0.05F));
     light += sun * (0.06F * bell(across, 0.06F));
-    const Vec3 lower = normalize({0, 0.85F, 0.5F});
+    const Vec3 lower = normalize(Vec3{0, 0.85F, 0.5F});
     return light + mint * (0.22F * crest * power(saturate(dot(normal, lower)), 6));
 }
 
 // haze: the share of the distance's own light.
-void makeCave(const std::string& path, float haze) {
+Bitmap makeCave(float haze) {
     const Relief heights = Relief(fine, rockHeight).lowPass(2.6F);
     const Colour air = jade * 0.30F + rose * 0.16F;
     Picture picture = shadedRelief(256, heights, [&](int x, int y) {
@@ -130,20 +130,20 @@ void makeCave(const std::string& path, float haze) {
         return light * smoothStep(-1.4F, -0.1F, up) * smoothStep(18, 13, up);
     });
     picture = withBloom(picture, {2, 0.10F, 10, 0.10F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.6F, true, 0.6F}));
+    return developed(picture, {1.6F, true, 0.6F});
 }
 
 } // namespace
 
 // "cave1.jpg" to "cave3.jpg"
-void makeCaveNear(const std::string& path) {
-    makeCave(path, 0);
+Bitmap makeCaveNear() {
+    return makeCave(0);
 }
-void makeCaveMiddle(const std::string& path) {
-    makeCave(path, 0.35F);
+Bitmap makeCaveMiddle() {
+    return makeCave(0.35F);
 }
-void makeCaveFar(const std::string& path) {
-    makeCave(path, 0.68F);
+Bitmap makeCaveFar() {
+    return makeCave(0.68F);
 }
 
 } // namespace lumenfold::art

@@ -56,8 +56,8 @@ TissuePoint tissueAt(const Tissue& tissue, float u, float v) {
 }
 
 Colour tissueColour(const Tissue& tissue, const TissuePoint& point, Vec3 normal, Vec3 hollowTint) {
-    static const Vec3 key = normalize({-0.5F, -0.62F, 0.62F});
-    static const Vec3 rim = normalize({0.75F, 0.55F, 0.15F});
+    static const Vec3 key = normalize(Vec3{-0.5F, -0.62F, 0.62F});
+    static const Vec3 rim = normalize(Vec3{0.75F, 0.55F, 0.15F});
     static const Vec3 half = normalize(key + Vec3{0, 0, 1});
     const float lit = saturate(dot(normal, key));
     const float back = saturate(dot(normal, rim));
@@ -80,7 +80,7 @@ Colour tissueColour(const Tissue& tissue, const TissuePoint& point, Vec3 normal,
     return mix(hollowTint, light, smoothStep(0.035F, 0.085F, point.border)) * tissue.brightness;
 }
 
-void makeTissue(const Tissue& tissue, int fine, const std::string& path) {
+Bitmap makeTissue(const Tissue& tissue, int fine) {
     const Relief heights(fine, [&](float u, float v) { return tissueAt(tissue, u, v).height; });
     Picture picture = shadedRelief(256, heights, [&](int x, int y) {
         const float u = (static_cast<float>(x) + 0.5F) / static_cast<float>(fine);
@@ -90,27 +90,27 @@ void makeTissue(const Tissue& tissue, int fine, const std::string& path) {
         return tissueColour(tissue, tissueAt(tissue, u, v), heights.normal(x, y, tissue.depth), hollow);
     });
     picture = withBloom(picture, {tissue.softness, 0.55F, 9, 0.06F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1, false, 0.6F}));
+    return developed(picture, {1, false, 0.6F});
 }
 
 } // namespace
 
 // "cell1.jpg": walls of the rotating tunnel, magnified about five times there: soft gradients in the red of blood, dim,
 // since fire is added to them.
-void makeTunnelCells(const std::string& path) {
+Bitmap makeTunnelCells() {
     Picture picture = texture(256, 2, [](float u, float v) {
         const float drift = fractalNoise({2 * u, 2 * v, 1}, 2, 21, {2, 2});
         const float bands = 0.5F + 0.5F * sine(2 * pi * (4 * v + u + 0.9F * drift));
         const float glow = 0.5F + 0.5F * sine(2 * pi * (3 * u - v + 0.7F * drift) + 1);
         return mix(fromHex(0x0B0203), fromHex(0x6A0C14), bands) + fromHex(0xFF5A1A) * (0.07F * bands * glow * glow);
     });
-    writeBitmap(path, developed(blurred(picture, 2, Edge::wrap), {1, false, 0.6F}));
+    return developed(blurred(picture, 2, Edge::wrap), {1, false, 0.6F});
 }
 
 // "cell5a.jpg": added to the petrol texture, so it leaves room above: dim bodies, bright only at the membranes.
-void makeAddedCells(const std::string& path) {
-    makeTissue({9, 0.55F, 0.17F, 0.030F, 0.50F, 1, 0.7F, fromHex(0x0B2A33), fromHex(0x1C6A6A), fromHex(0x5A2A1A), 121},
-               768, path);
+Bitmap makeAddedCells() {
+    return makeTissue(
+        {9, 0.55F, 0.17F, 0.030F, 0.50F, 1, 0.7F, fromHex(0x0B2A33), fromHex(0x1C6A6A), fromHex(0x5A2A1A), 121}, 768);
 }
 
 } // namespace lumenfold::art

@@ -10,7 +10,7 @@ namespace lumenfold::art {
 
 // "ripple.jpg": the net that light draws through moving water, on black, added over what lies below. Wider than deep,
 // since the surface is seen at a slant.
-void makeRipples(const std::string& path) {
+Bitmap makeRipples() {
     const auto net = [](float u, float v, int across, int along, std::uint32_t seed) {
         const float bendU = 0.55F * fractalNoise({3 * u, 3 * v, 2}, 3, seed, {3, 3});
         const float bendV = 0.55F * fractalNoise({3 * u, 3 * v, 8}, 3, seed + 4, {3, 3});
@@ -31,11 +31,11 @@ void makeRipples(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {1.5F, 0.14F, 7, 0.12F}, Edge::wrap);
-    writeBitmap(path, withTrueBlack(developed(picture, {0.9F, false, 0}), 5));
+    return withTrueBlack(developed(picture, {0.9F, false, 0}), 5);
 }
 
 // "fire1.jpg": fire that flows along the columns and wraps there.
-void makeFire(const std::string& path) {
+Bitmap makeFire() {
     Picture picture = texture(256, 3, [](float u, float v) -> Colour {
         // tongues: noise stretched along u and dragged by slower noise
         const float drag = 0.22F * fractalNoise({2 * u, 3 * v, 1}, 2, 611, {2, 3});
@@ -48,7 +48,7 @@ void makeFire(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {1.5F, 0.15F, 8, 0.12F}, Edge::wrap);
-    writeBitmap(path, withTrueBlack(developed(picture, {0.9F, true, 0}), 6));
+    return withTrueBlack(developed(picture, {0.9F, true, 0}), 6);
 }
 
 } // namespace lumenfold::art

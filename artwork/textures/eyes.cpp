@@ -45,7 +45,7 @@ Colour iris(float r, float angle, float fibre) {
 
 } // namespace
 
-void makeSlime(const std::string& path) {
+Bitmap makeSlime() {
     Picture picture = texture(256, 4, [](float u, float v) {
         const float pull = gradientNoise({4 * u, 4 * v, 1}, 305, {4, 4});
         const float strings = ridgedNoise({3 * u + 0.3F * pull, 3 * v - 0.3F * pull, 2}, 3, 306, {3, 3});
@@ -71,7 +71,7 @@ void makeSlime(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {1.5F, 0.10F, 8, 0.08F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.50F, false, 0.6F}));
+    return developed(picture, {0.50F, false, 0.6F});
 }
 
 } // namespace lumenfold::art

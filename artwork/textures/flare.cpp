@@ -29,7 +29,7 @@ constexpr Develop plain = {1, false, 0}; // no grain: what is black stays black
 
 // "bfs1.pcx": flare of the ring, where neighbours overlap four- to tenfold, and the welding torch: a flat wide core of
 // white within a rim of orange.
-void makeRingFlare(const std::string& path) {
+Bitmap makeRingFlare() {
     const Picture picture = sprite(32, [](float x, float y) {
         const float r = length(x, y);
         Colour light = fromHex(0xF2F6FF) * (0.26F * smoothStep(0.30F, 0.12F, r));
@@ -37,23 +37,23 @@ void makeRingFlare(const std::string& path) {
         light += fromHex(0xFF7A2C) * (0.11F * bell(r - 0.36F, 0.07F) + 0.03F * exponential(-r * 3.5F));
         return light;
     });
-    writeBitmap(path, developed(picture, plain));
+    return developed(picture, plain);
 }
 
 // "bfs0.pcx": a spark, and one of the 1000 to 1700 flares of a metaball: broad and dim, so that neighbours melt into
 // one glowing body whose middle goes from ember through gold to white.
-void makeSparkFlare(const std::string& path) {
+Bitmap makeSparkFlare() {
     const Picture picture = sprite(16, [](float x, float y) {
         const float r = length(x, y) * 8; // pixels
         return fromHex(0x4E240D) * bell(r, 3.1F) + fromHex(0x1C1408) * bell(r, 1.1F);
     });
-    writeBitmap(path, developed(picture, plain));
+    return developed(picture, plain);
 }
 
 // "petrolflare.jpg": flare of the feedback ring. It is added to its own fading trail dozens of times, so every lobe is
 // a pure colour, dim, and clear of the others. Red is the weakest channel by far: where everything overlaps, the sum
 // ends in teal and violet instead of white.
-void makePetrolFlare(const std::string& path) {
+Bitmap makePetrolFlare() {
     const Picture picture = sprite(32, [](float x, float y) {
         const Colour tealOnly = palette::teal * Vec3{0, 1, 0.75F};
         const Colour violetOnly = palette::violet * Vec3{0.35F, 0, 1};
@@ -66,12 +66,11 @@ void makePetrolFlare(const std::string& path) {
     });
     // Rounding in the file leaves single bits of colour on a black rim; a slightly different exposure rounds otherwise.
     for (float exposure = 1; exposure > 0.8F; exposure -= 0.005F) {
-        writeBitmap(path, developed(picture, {exposure, false, 0}));
-        if (borderIsBlack(readPicture(path, 32, 32))) {
-            return;
-        }
+        const Bitmap flare = developed(picture, {exposure, false, 0});
+        if (borderIsBlack(pictureIn(encodeJpeg(flare), "the petrol flare", 32, 32)))
+            return flare;
     }
-    throw std::runtime_error(path + ": the border does not stay black");
+    throw std::runtime_error("the border does not stay black");
 }
 
 } // namespace lumenfold::art

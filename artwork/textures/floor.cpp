@@ -19,7 +19,7 @@ float fromLine(float x) {
 
 // "fdgrid.jpg": gold laid into ink. Part 10 dances over it, and under the film strip of part 5 it reads as sepia. Seen
 // at grazing angles and scrolled 22 texels a frame: nothing in it is narrower than about eight texels.
-void makeFloorGrid(const std::string& path) {
+Bitmap makeFloorGrid() {
     Picture picture = texture(256, 3, [](float u, float v) {
         const float du = fromLine(u);
         const float dv = fromLine(v);
@@ -35,7 +35,7 @@ void makeFloorGrid(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {3, 0.12F, 14, 0.16F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.7F, true, 0.6F}));
+    return developed(picture, {1.7F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

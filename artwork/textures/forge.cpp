@@ -23,7 +23,7 @@ const Colour steel = fromHex(0x31485C);
 
 // "dome1.jpg": from the floor to the crown: blocks, an arch with a furnace mouth, a barred window on a blue night above
 // it.
-void makeDomeWall(const std::string& path) {
+Bitmap makeDomeWall() {
     Picture picture = texture(256, 4, [](float u, float v) {
         const float up = 1 - v;
         const float course = 14 * up;
@@ -56,11 +56,11 @@ void makeDomeWall(const std::string& path) {
         return light + soot * 0.4F;
     });
     picture = withBloom(picture, {2, 0.12F, 12, 0.14F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.2F, true, 0.6F}));
+    return developed(picture, {1.2F, true, 0.6F});
 }
 
 // "steel1.jpg": brushed blue steel whose lower rows catch the fire.
-void makeClawSteel(const std::string& path) {
+Bitmap makeClawSteel() {
     Picture picture = texture(256, 2, [](float u, float v) {
         const float brushed = fractalNoise({4 * u, 40 * v, 1}, 3, 981, {4, 40});
         const float round = 0.5F + 0.5F * sine(2 * pi * (u + 0.15F));
@@ -68,11 +68,11 @@ void makeClawSteel(const std::string& path) {
         light += fromHex(0xC8DCF0) * (0.5F * power(round, 10));
         return light + flame * (0.9F * power(0.5F - 0.5F * cosine(2 * pi * v), 3) * (1 - 0.6F * round));
     });
-    writeBitmap(path, developed(picture, {0.9F, true, 0.6F}));
+    return developed(picture, {0.9F, true, 0.6F});
 }
 
 // "head1.jpg": the head in the fire: white hot at the neck, red above, black at the crown. Rows run along its height.
-void makeHotHead(const std::string& path) {
+Bitmap makeHotHead() {
     Picture picture = texture(256, 2, [](float u, float v) {
         const float scale = fractalNoise({7 * u, 7 * v, 3}, 4, 991, {7, 7});
         const float heat = saturate(1.08F * v + 0.30F * scale - 0.05F);
@@ -81,7 +81,7 @@ void makeHotHead(const std::string& path) {
         light += flame * (1.0F * smoothStep(0.40F, 0.85F, heat)) + glare * (0.9F * smoothStep(0.72F, 1.05F, heat));
         return light * (0.45F + 0.55F * side) + steel * (0.35F * (1 - v) * side * side);
     });
-    writeBitmap(path, developed(picture, {1, true, 0.6F}));
+    return developed(picture, {1, true, 0.6F});
 }
 
 } // namespace lumenfold::art

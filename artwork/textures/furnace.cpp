@@ -41,7 +41,7 @@ Block blockAt(float u, float v, int columns, int courses, std::uint32_t seed) {
 } // namespace
 
 // "hall1.jpg": eleven units of wall from the floor to the spring of the vault, a lamp row near either end.
-void makeHallStone(const std::string& path) {
+Bitmap makeHallStone() {
     constexpr float high = 11;
     const auto blocks = [](float u, float v) { return blockAt(u, v, 2, 6, 525); };
     const Relief heights = Relief(fine, [&](float u, float v) {
@@ -59,7 +59,7 @@ void makeHallStone(const std::string& path) {
         const Colour body = mix(brick * 0.55F, brick * 1.5F, saturate(0.15F + 0.7F * block.tone + 0.5F * stain));
         const auto lamp = [&](float at, float reach) {
             const float away = at - up;
-            const Vec3 towards = normalize({0, -away, 0.9F}); // rows run downwards
+            const Vec3 towards = normalize(Vec3{0, -away, 0.9F}); // rows run downwards
             return exponential(-std::fabs(away) / reach) * saturate(0.25F + 1.1F * dot(normal, towards));
         };
         const float low = lamp(1.15F, 1.6F);
@@ -69,11 +69,11 @@ void makeHallStone(const std::string& path) {
         return light * smoothStep(-0.001F, 0.006F, block.inside) + soot * 0.5F;
     });
     picture = withBloom(picture, {2, 0.10F, 10, 0.10F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.9F, true, 0.6F}));
+    return developed(picture, {1.9F, true, 0.6F});
 }
 
 // "ribwall.jpg": fluted stone with a vein of fire in every second flute; rows run along the shaft of a column.
-void makeRibWall(const std::string& path) {
+Bitmap makeRibWall() {
     constexpr float flutes = 4;
     Picture picture = texture(256, 3, [](float u, float v) {
         const float place = flutes * u - std::floor(flutes * u);
@@ -90,11 +90,11 @@ void makeRibWall(const std::string& path) {
         return light * (1 - 0.7F * smoothStep(0.470F, 0.495F, drum));
     });
     picture = withBloom(picture, {2.5F, 0.12F, 12, 0.14F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.5F, true, 0.6F}));
+    return developed(picture, {1.5F, true, 0.6F});
 }
 
 // "shaft1.jpg": the whole depth of the shaft, black at its rim, white hot at its foot, niches in five storeys.
-void makeShaftWall(const std::string& path) {
+Bitmap makeShaftWall() {
     constexpr int storeys = 5;
     Picture picture = texture(256, 4, [](float u, float v) {
         const float storey = storeys * v - std::floor(storeys * v);
@@ -120,11 +120,11 @@ void makeShaftWall(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {2, 0.10F, 12, 0.14F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.5F, true, 0.6F}));
+    return developed(picture, {1.5F, true, 0.6F});
 }
 
 // "pool1.jpg": the bottom of the shaft: the oil pool of the next picture, and the ring of fire that feeds the light.
-void makeShaftPool(const std::string& path) {
+Bitmap makeShaftPool() {
     constexpr float half = 178; // pixels of the picture from the middle to the edge
     Picture picture = texture(256, 4, [](float u, float v) {
         const float x = half * (2 * u - 1);
@@ -136,7 +136,7 @@ void makeShaftPool(const std::string& path) {
         return mix(oil, (glare * 1.1F + fire * 0.3F) * flicker, ring);
     });
     picture = withBloom(picture, {2, 0.10F, 12, 0.10F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.1F, true, 0.6F}));
+    return developed(picture, {1.1F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

@@ -1,6 +1,7 @@
 #include "artwork/textures/textures.h"
 
-#include "forge/cairo_picture.h"
+#include "artwork/lettering/name.h"
+#include "forge/canvas.h"
 #include "forge/encode.h"
 #include "forge/noise.h"
 #include "forge/relief.h"
@@ -9,92 +10,16 @@
 
 namespace lumenfold::art {
 
-namespace {
-
-// The seven letter shapes of the name in a square, stroked alphabet: x from 0, baseline 0, x height 1, ascender 1.6.
-// Each pen stroke is a row of points; a letter is 1 wide at most.
-void drawName(cairo_t* cairo) {
-    const auto line = [cairo](std::initializer_list<Point2> points) {
-        bool first = true;
-        for (const Point2 p : points) {
-            (first ? cairo_move_to : cairo_line_to)(cairo, p.x, -p.y);
-            first = false;
-        }
-        cairo_stroke(cairo);
-    };
-    struct Glyph {
-        char letter;
-        float x;
-    };
-    constexpr Glyph word[] = {{'l', 0},    {'u', 0.75F}, {'m', 2.0F}, {'e', 3.9F}, {'n', 5.15F},
-                              {'f', 6.4F}, {'o', 7.25F}, {'l', 8.5F}, {'d', 9.2F}};
-    for (const Glyph glyph : word) {
-        cairo_save(cairo);
-        cairo_translate(cairo, static_cast<double>(glyph.x), 0);
-        switch (glyph.letter) {
-        case 'l':
-            line({{0, 1.6F}, {0, 0.15F}, {0.15F, 0}, {0.4F, 0}});
-            break;
-        case 'u':
-            line({{0, 1}, {0, 0.15F}, {0.15F, 0}, {0.9F, 0}, {0.9F, 1}});
-            break;
-        case 'm':
-            line({{0, 0}, {0, 1}, {1.45F, 1}, {1.6F, 0.85F}, {1.6F, 0}});
-            line({{0.8F, 0}, {0.8F, 1}});
-            break;
-        case 'e':
-            line({{0, 0.5F},
-                  {0.9F, 0.5F},
-                  {0.9F, 0.85F},
-                  {0.75F, 1},
-                  {0.15F, 1},
-                  {0, 0.85F},
-                  {0, 0.15F},
-                  {0.15F, 0},
-                  {0.9F, 0}});
-            break;
-        case 'n':
-            line({{0, 0}, {0, 1}, {0.75F, 1}, {0.9F, 0.85F}, {0.9F, 0}});
-            break;
-        case 'f':
-            line({{0.15F, 0}, {0.15F, 1.45F}, {0.3F, 1.6F}, {0.6F, 1.6F}});
-            line({{-0.1F, 1}, {0.5F, 1}});
-            break;
-        case 'o':
-            line({{0.15F, 0},
-                  {0, 0.15F},
-                  {0, 0.85F},
-                  {0.15F, 1},
-                  {0.75F, 1},
-                  {0.9F, 0.85F},
-                  {0.9F, 0.15F},
-                  {0.75F, 0},
-                  {0.15F, 0},
-                  {0, 0.15F}});
-            break;
-        default: // d
-            line({{0.9F, 1.6F}, {0.9F, 0}, {0.15F, 0}, {0, 0.15F}, {0, 0.85F}, {0.15F, 1}, {0.9F, 1}});
-            break;
-        }
-        cairo_restore(cairo);
-    }
-}
-constexpr double nameWidth = 10.1;
-
-} // namespace
-
 // "plate1.jpg": the nameplate: the name in light between two rules, on black, because the plate is added. The outer
-// rows hold lamps, one to 32 columns, in two runs that fade out behind; the scene moves these on by 32 with the music.
-void makeNameplate(const std::string& path) {
+// rows hold lamps, one to 32 columns, in two runs that fade out at their tails; the scene moves these on by 32 with the music.
+Bitmap makeNameplate() {
     const int side = 256 * 3;
-    Picture mask = drawn(side, side, [&](cairo_t* cairo) {
-        cairo_set_line_cap(cairo, CAIRO_LINE_CAP_ROUND);
-        cairo_set_line_join(cairo, CAIRO_LINE_JOIN_ROUND);
-        const double scale = side * 0.82 / nameWidth;
-        cairo_translate(cairo, side * 0.09, side * 0.56);
-        cairo_scale(cairo, scale, scale * 2.1); // the plate is about twice as wide as high
-        cairo_set_line_width(cairo, 0.20);
-        drawName(cairo);
+    Picture mask = coverage(side, side, [&](cairo_t* cairo) {
+        const double scale = side * 0.86 / nameWidth();
+        constexpr double stretch = 2.9; // the plate is about twice as wide as high, and seen from above
+        cairo_translate(cairo, side * 0.07, side * 0.5 - 38 * stretch * scale);
+        cairo_scale(cairo, scale, stretch * scale);
+        drawName(cairo, 0);
     });
     const Picture soft = blurred(mask, 9, Edge::wrap);
     const Picture wide = blurred(mask, 40, Edge::wrap);
@@ -118,13 +43,13 @@ void makeNameplate(const std::string& path) {
             fromHex(0x5A86B0) * (0.30F * on * run * bell(lamp, 0.016F));
         return light * 0.85F;
     });
-    writeBitmap(path, withTrueBlack(developed(picture, {1, true, 0}), 3));
+    return withTrueBlack(developed(picture, {1, true, 0}), 3);
 }
 
 // "film1.jpg": one pitch of the film's base, over its whole height: dark celluloid whose outer edges carry amber light,
 // a glint around each of the ten holes of a rail (the holes themselves are the model's) and a crease in the gap between
 // two pictures. A picture stands before the middle.
-void makeFilmStrip(const std::string& path) {
+Bitmap makeFilmStrip() {
     constexpr float wide = 0.9F; // a pitch and the film's height, in the model's units
     constexpr float high = 0.624F;
     const Picture picture = texture(256, 4, [&](float u, float v) -> Colour {
@@ -152,7 +77,7 @@ void makeFilmStrip(const std::string& path) {
                 (inGap * smoothStep(0.18F, 0.03F, gap));
         return base;
     });
-    writeBitmap(path, developed(withBloom(picture, {2, 0.12F, 7, 0.08F}, Edge::wrap), {1.35F, true, 0.6F}));
+    return developed(withBloom(picture, {2, 0.12F, 7, 0.08F}, Edge::wrap), {1.35F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

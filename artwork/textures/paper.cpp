@@ -9,7 +9,7 @@
 
 namespace lumenfold::art {
 
-void makeFoldedPaper(const std::string& path) {
+Bitmap makeFoldedPaper() {
     Picture picture = texture(256, 4, [](float u, float v) {
         const float su = 2 * u - std::floor(2 * u) - 0.5F;
         const float sv = 2 * v - std::floor(2 * v) - 0.5F;
@@ -25,7 +25,7 @@ void makeFoldedPaper(const std::string& path) {
         return light;
     });
     picture = blurred(picture, 0.8F, Edge::wrap);
-    writeBitmap(path, developed(picture, {1, false, 0.6F}));
+    return developed(picture, {1, false, 0.6F});
 }
 
 } // namespace lumenfold::art

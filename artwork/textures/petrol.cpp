@@ -28,7 +28,7 @@ float foldLight(float across, float slack) {
 
 } // namespace
 
-void makePetrolEnvironment(const std::string& path) {
+Bitmap makePetrolEnvironment() {
     static const Silk ribbons[] = {
         {fromHex(0x12042A), fromHex(0x6A22B8), fromHex(0xC9A0FF)},
         {fromHex(0x2A0430), fromHex(0xE83FA8), fromHex(0xFFC4E4)},
@@ -52,7 +52,7 @@ void makePetrolEnvironment(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {3, 0.22F, 16, 0.14F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.80F, true, 0.6F}));
+    return developed(picture, {0.80F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

@@ -41,8 +41,8 @@ float bayHeight(BayPlace p) {
 Picture tunnelBay(bool turned) {
     const auto placeOf = [turned](float u, float v) { return turned ? BayPlace{v, u} : BayPlace{u, v}; };
     const Relief heights = Relief(fine, [&](float u, float v) { return bayHeight(placeOf(u, v)); }).lowPass(1.1F);
-    const Vec3 key = normalize({-0.45F, -0.55F, 0.70F});
-    const Vec3 rim = normalize({0.80F, 0.45F, 0.35F});
+    const Vec3 key = normalize(Vec3{-0.45F, -0.55F, 0.70F});
+    const Vec3 rim = normalize(Vec3{0.80F, 0.45F, 0.35F});
     Picture picture = shadedRelief(256, heights, [&](int x, int y) {
         const BayPlace p = placeOf((static_cast<float>(x) + 0.5F) / fine, (static_cast<float>(y) + 0.5F) / fine);
         const Vec3 normal = heights.normal(x, y, 0.016F);
@@ -68,15 +68,15 @@ Picture tunnelBay(bool turned) {
 } // namespace
 
 // "tunbay1.jpg", "tunbay2.jpg": a bay of the tunnel, along the columns and along the rows.
-void makeTunnelBay(const std::string& path) {
-    writeBitmap(path, developed(tunnelBay(false), {1.9F, true, 0.6F}));
+Bitmap makeTunnelBay() {
+    return developed(tunnelBay(false), {1.9F, true, 0.6F});
 }
-void makeTunnelBayTurned(const std::string& path) {
-    writeBitmap(path, developed(tunnelBay(true), {1.9F, true, 0.6F}));
+Bitmap makeTunnelBayTurned() {
+    return developed(tunnelBay(true), {1.9F, true, 0.6F});
 }
 
 // "lamps.jpg": four bands of 64 rows: amber, teal and ice light lines in a dark frame, and a vent.
-void makeLampBands(const std::string& path) {
+Bitmap makeLampBands() {
     Picture picture = texture(256, 3, [](float u, float v) -> Colour {
         const int band = static_cast<int>(4 * v);
         const float across = fraction(4 * v) - 0.5F;
@@ -97,12 +97,12 @@ void makeLampBands(const std::string& path) {
                lamp * (0.10F * bell(across, 0.3F));
     });
     picture = withBloom(picture, {1.5F, 0.08F, 4, 0.04F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.2F, true, 0.5F}));
+    return developed(picture, {1.2F, true, 0.5F});
 }
 
 // "medal1.jpg": a quarter of a round medallion, its middle in the upper left corner, radius 256 texels: rings in
 // segments with light between, steps that glow at 0.93 and 0.62 of the radius, a lens of light inside.
-void makeMedallion(const std::string& path) {
+Bitmap makeMedallion() {
     Picture picture = texture(256, 4, [](float u, float v) -> Colour {
         const float r = length(u, v);
         const float turn = angleOf(v, u) / (pi / 2); // 0 to 1 over the quarter
@@ -148,11 +148,11 @@ void makeMedallion(const std::string& path) {
         return light * (0.65F + 0.35F * smoothStep(1.0F, 0.2F, r));
     });
     picture = withBloom(picture, {2.0F, 0.12F, 10, 0.12F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.15F, true, 0.6F}));
+    return developed(picture, {1.15F, true, 0.6F});
 }
 
 // "dawn1.jpg": daybreak beyond the ends of the flight, horizon at 0.58 of the height: a low sun on a crease of light.
-void makeDawn(const std::string& path) {
+Bitmap makeDawn() {
     Picture picture = texture(256, 3, [](float u, float v) -> Colour {
         const float above = 0.58F + 0.05F * (0.5F - u) - v; // the crease rises to the right
         const float streaks = fractalNoise({3 * u, 14 * v, 2}, 5, 621);
@@ -176,11 +176,11 @@ void makeDawn(const std::string& path) {
         return light + Colour{1, 1, 1} * (1.6F * bell(above, 0.005F));
     });
     picture = withBloom(picture, {2.5F, 0.14F, 16, 0.14F}, Edge::clamp);
-    writeBitmap(path, developed(picture, {1.0F, true, 0.8F}));
+    return developed(picture, {1.0F, true, 0.8F});
 }
 
 // "glow1.jpg": the flare behind the aircraft's engines, added: two cores on a long streak, black at the rim.
-void makeEngineGlow(const std::string& path) {
+Bitmap makeEngineGlow() {
     Picture picture = texture(256, 3, [](float u, float v) -> Colour {
         const float x = u - 0.5F;
         const float y = v - 0.5F;
@@ -193,7 +193,7 @@ void makeEngineGlow(const std::string& path) {
                  palette::ice * (0.8F * bell(y, 0.005F) * bell(x, 0.15F));
         return light * rim;
     });
-    writeBitmap(path, withTrueBlack(developed(picture, {1.1F, true, 0.6F}), 4));
+    return withTrueBlack(developed(picture, {1.1F, true, 0.6F}), 4);
 }
 
 } // namespace lumenfold::art

@@ -1,52 +1,52 @@
 #pragma once
 
-#include <string>
+#include "forge/picture.h"
 
-// One function per texture; each writes the finished file. The list of recipes stands in recipes.cpp.
+// One function per texture; the manifest gives their files.
 
 namespace lumenfold::art {
 
-void makePetrolEnvironment(const std::string& path);
+Bitmap makePetrolEnvironment();
 
-void makeDaylightMirror(const std::string& path);
-void makeLacquerMirror(const std::string& path);
-void makeBoneMirror(const std::string& path);
-void makeObsidianMirror(const std::string& path);
+Bitmap makeDaylightMirror();
+Bitmap makeLacquerMirror();
+Bitmap makeBoneMirror();
+Bitmap makeObsidianMirror();
 
-void makeTunnelCells(const std::string& path);
-void makeAddedCells(const std::string& path);
-void makeFoldedPaper(const std::string& path);
-void makeSlime(const std::string& path);
+Bitmap makeTunnelCells();
+Bitmap makeAddedCells();
+Bitmap makeFoldedPaper();
+Bitmap makeSlime();
 
-void makeFloorGrid(const std::string& path);
-void makeThroat(const std::string& path);
+Bitmap makeFloorGrid();
+Bitmap makeThroat();
 
-void makeRingFlare(const std::string& path);
-void makeSparkFlare(const std::string& path);
-void makePetrolFlare(const std::string& path);
+Bitmap makeRingFlare();
+Bitmap makeSparkFlare();
+Bitmap makePetrolFlare();
 
-void makeHullPanels(const std::string& path);
-void makeRibWall(const std::string& path);
-void makeHallStone(const std::string& path);
-void makeShaftWall(const std::string& path);
-void makeShaftPool(const std::string& path);
-void makeRipples(const std::string& path);
-void makeFire(const std::string& path);
-void makeDomeWall(const std::string& path);
-void makeClawSteel(const std::string& path);
-void makeHotHead(const std::string& path);
+Bitmap makeHullPanels();
+Bitmap makeRibWall();
+Bitmap makeHallStone();
+Bitmap makeShaftWall();
+Bitmap makeShaftPool();
+Bitmap makeRipples();
+Bitmap makeFire();
+Bitmap makeDomeWall();
+Bitmap makeClawSteel();
+Bitmap makeHotHead();
 
-void makeTunnelBay(const std::string& path);
-void makeTunnelBayTurned(const std::string& path);
-void makeLampBands(const std::string& path);
-void makeMedallion(const std::string& path);
-void makeCaveNear(const std::string& path);
-void makeCaveMiddle(const std::string& path);
-void makeCaveFar(const std::string& path);
-void makeDawn(const std::string& path);
-void makeEngineGlow(const std::string& path);
+Bitmap makeTunnelBay();
+Bitmap makeTunnelBayTurned();
+Bitmap makeLampBands();
+Bitmap makeMedallion();
+Bitmap makeCaveNear();
+Bitmap makeCaveMiddle();
+Bitmap makeCaveFar();
+Bitmap makeDawn();
+Bitmap makeEngineGlow();
 
-void makeNameplate(const std::string& path);
-void makeFilmStrip(const std::string& path);
+Bitmap makeNameplate();
+Bitmap makeFilmStrip();
 
 } // namespace lumenfold::art

@@ -22,7 +22,7 @@ float flesh(float u, float v, std::uint32_t seed) {
 
 } // namespace
 
-void makeThroat(const std::string& path) {
+Bitmap makeThroat() {
     Picture picture = texture(256, 2, [](float u, float v) {
         const float tissue = flesh(u, v, 811);
         const float folds = 0.5F + 0.5F * sine(2 * pi * (4 * v + 0.55F * tissue + 0.05F * sine(4 * pi * u)));
@@ -35,7 +35,7 @@ void makeThroat(const std::string& path) {
         return light;
     });
     picture = blurred(picture, 2.2F, Edge::wrap);
-    writeBitmap(path, developed(picture, {0.95F, false, 0.6F}));
+    return developed(picture, {0.95F, false, 0.6F});
 }
 
 } // namespace lumenfold::art

@@ -43,8 +43,8 @@ OnPlate find(const Plate* plates, int count, float u, float v) {
 
 // Dull steel lit from the upper left with a warm rim from the lower right.
 Colour steel(Vec3 normal, Colour body, float shine) {
-    static const Vec3 key = normalize({-0.50F, -0.62F, 0.62F});
-    static const Vec3 rim = normalize({0.80F, 0.50F, 0.30F});
+    static const Vec3 key = normalize(Vec3{-0.50F, -0.62F, 0.62F});
+    static const Vec3 rim = normalize(Vec3{0.80F, 0.50F, 0.30F});
     const float lit = saturate(dot(normal, key));
     const float back = saturate(dot(normal, rim));
     Colour light = body * (0.18F + 0.82F * lit);
@@ -67,7 +67,7 @@ float slot(float u, float v, float left, float right, float row, float radius) {
 } // namespace
 
 // "hullpan.jpg": dark hull plates of different sizes, with bolts and two short light slots.
-void makeHullPanels(const std::string& path) {
+Bitmap makeHullPanels() {
     static const Plate plates[] = {{0.00F, 0.00F, 0.62F, 0.36F}, {0.62F, 0.00F, 1.00F, 0.20F},
                                    {0.62F, 0.20F, 1.00F, 0.62F}, {0.00F, 0.36F, 0.30F, 1.00F},
                                    {0.30F, 0.36F, 0.62F, 0.74F}, {0.30F, 0.74F, 1.14F, 1.00F},
@@ -99,7 +99,7 @@ void makeHullPanels(const std::string& path) {
         return light;
     });
     picture = withBloom(picture, {2.5F, 0.14F, 10, 0.12F}, Edge::wrap);
-    writeBitmap(path, developed(picture, {1.25F, true, 0.6F}));
+    return developed(picture, {1.25F, true, 0.6F});
 }
 
 } // namespace lumenfold::art

@@ -53,7 +53,7 @@ XmInstrument seamless(const std::string& name, synth::Samples loop, double hertz
     instrument.samples = quantised(loop);
     instrument.loopLength = static_cast<int>(instrument.samples.size());
     instrument.panning = panning;
-    const double semitones = 12.0 * synth::logarithm(synth::middleC / hertz) / synth::logarithm(2.0);
+    const double semitones = 12.0 * logarithm(synth::middleC / hertz) / logarithm(2.0);
     const double whole = std::floor(semitones + 0.5);
     instrument.relativeNote = usualRelativeNote + static_cast<int>(whole);
     instrument.fineTune = static_cast<int>(std::floor((semitones - whole) * 128.0 + 0.5));

@@ -25,7 +25,7 @@ struct Section {
     std::vector<SyncEvent> events;
 };
 
-// "bzzzz.xm": the ten parts, some in two sections, and the ending that rings out behind the last advance.
+// "bzzzz.xm": the ten parts, some in two sections, and the ending that rings out after the last advance.
 const std::vector<Section>& demoSections();
 // "endtune.xm": the opening that counts the parts up to 31, and the body to which the tune returns.
 const std::vector<Section>& endSections();

@@ -3,14 +3,12 @@
 #include "forge/isosurface.h"
 #include "forge/model.h"
 #include "forge/object_views.h"
+#include "forge/sdf.h"
 #include "forge/shapes.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <sstream>
 
@@ -40,17 +38,13 @@ double volume(const Model& model) {
 }
 
 Model ring() { // a torus: closed, with a hole that a careless collapse would fill
-    return meshSolid([](Point p) { return solid::torus(p, {}, 1.0, 0.4); }, {-1.6, -0.6, -1.6}, {1.6, 0.6, 1.6}, 0.1);
+    return meshSolid([](Point p) { return sdf::torus(p, 1.0, 0.4); }, {-1.6, -1.6, -0.6}, {1.6, 1.6, 0.6}, 0.1);
 }
 
 void read(const Model& model, Mesh& mesh) {
-    const std::string path = ::testing::TempDir() + "object_test.lwo";
-    writeLightWaveObject(model, path);
-    std::ifstream in(path, std::ios::binary);
-    const std::vector<char> bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    const std::vector<std::uint8_t> bytes = encodeLightWaveObject(model);
     std::ostringstream commentary;
-    readLightWaveObject(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size(), mesh, 1, commentary);
-    std::remove(path.c_str());
+    readLightWaveObject(bytes.data(), bytes.size(), mesh, 1, commentary);
 }
 
 } // namespace
@@ -61,7 +55,7 @@ TEST(Isosurface, IsClosedAndLooksOutwards) {
     const double exact = 2 * 9.8696 * 1.0 * 0.4 * 0.4;
     EXPECT_NEAR(volume(model), exact, 0.03 * exact);
     for (const Point& p : model.points)
-        EXPECT_NEAR(solid::torus(p, {}, 1.0, 0.4), 0, 0.002);
+        EXPECT_NEAR(sdf::torus(p, 1.0, 0.4), 0, 0.002);
 }
 
 TEST(Simplify, KeepsASolidClosedAndItsShape) {

@@ -330,7 +330,7 @@ TEST(UnknownDriver, IsAnError) {
     writeTunes(folder);
     ASSERT_EQ(std::system(("rm -f '" + folder + "unknown'").c_str()), 0);
     Probe probe({"env", "SDL_AUDIODRIVER=nonsense"}, folder, "unknown");
-    probe.await([](const Report& report) { return report.lag > 0.0; }, "end");
+    probe.await([](const Report& report) { return report.exit > 0.0; }, "end");
     const std::string message = probe.report().error;
     EXPECT_EQ(message.rfind("error no sound device (", 0), 0U) << message;
     EXPECT_NE(message.find("SDL_AUDIODRIVER=dummy"), std::string::npos) << message;

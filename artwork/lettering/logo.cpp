@@ -51,13 +51,14 @@ Picture distanceInside(const Picture& mask, int reach) {
     return distance;
 }
 
-// The flat face of a letter: ice falling to teal above the fold, gold falling to amber below it. It is added to a
-// moving picture, so it never gets dark. t = 0 at the fold, 1 at the far end of the letter.
+// The flat face of a letter: steel falling to teal above the fold, brass falling to amber below it. It is added to a
+// moving picture that is bright by itself: a face much over half grey would drown in it, so the bevels carry the light.
+// t = 0 at the fold, 1 at the far end of the letter.
 Colour coldFace(float t) {
-    return mix(palette::teal * 0.62F, palette::ice * 0.85F, smoothStep(0.05F, 1, t));
+    return mix(fromHex(0x2A7880), fromHex(0x86A0AC), smoothStep(0.05F, 1, t));
 }
 Colour warmFace(float t) {
-    return mix(palette::gold * 0.80F, palette::amber * 0.72F, smoothStep(0, 0.75F, t));
+    return mix(fromHex(0xA07A30), fromHex(0x9A4C14), smoothStep(0, 0.75F, t));
 }
 
 // Half-size steps of `scale`: the mean of each block.
@@ -86,8 +87,8 @@ Colour chrome(float x, float y, float slopeX, float slopeY) {
     const float key = saturate(dot(n, {-0.55F, -0.62F, 0.56F}));
     const float rim = saturate(dot(n, {0.80F, 0.45F, 0.40F}));
     Colour light = mix(face, face * 0.30F, saturate(2.2F * tilt));
-    light += palette::ice * (1.3F * saturate(3 * tilt) * key * key);
-    light += mix(palette::teal, palette::amber, above ? 0.0F : 1.0F) * (0.9F * saturate(3 * tilt) * rim * rim);
+    light += palette::ice * (1.9F * saturate(3 * tilt) * key * key);
+    light += mix(palette::teal, palette::amber, above ? 0.0F : 1.0F) * (1.3F * saturate(3 * tilt) * rim * rim);
     return light;
 }
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cairo.h>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -51,7 +52,7 @@ void letterHoles(const Canvas& canvas) {
             canvas.text(x, row == 0 ? 196 : 408, letter, Face::StrongBold, size);
         }
     for (const auto& [radius, rgb] :
-         {std::pair{146.0, 0x000000U}, std::pair{124.0, 0xFFFFFFU}}) { // a ring of ink around it
+         {std::pair{138.0, 0x000000U}, std::pair{126.0, 0xFFFFFFU}}) { // a ring of ink around it
         canvas.ink(rgb);
         cairo_arc(canvas.cairo(), 256, 192, radius, 0, turn);
         cairo_fill(canvas.cairo());
@@ -77,8 +78,8 @@ std::vector<float> fromHole(const Bitmap& mask, int reach) {
 
 } // namespace
 
-// Opaque where it is not exactly white: ink with gold along the cut, which has no half-covered pixels, so that no white
-// shines at its edge.
+// Opaque where it is not exactly white: lacquer of ink that the glowing body in the window lights, so gold near it and
+// night in the corners. The cut has no half-covered pixels, so that no white shines at its edge.
 Bitmap makeOverlayPlate() {
     constexpr int reach = 9;
     const Canvas hole(512, 384, 0);
@@ -88,15 +89,30 @@ Bitmap makeOverlayPlate() {
     const std::vector<float> distance = fromHole(mask, reach);
     Picture plate(512, 384);
     plate.change([&](Colour, int x, int y) {
-        const float far = distance[static_cast<std::size_t>(y) * 512 + static_cast<std::size_t>(x)];
-        const float u = static_cast<float>(x) / 512;
-        const float v = static_cast<float>(y) / 384;
-        const float sheen = bell(u - 0.25F - 0.5F * v, 0.10F) + 0.6F * bell(u - 0.62F - 0.5F * v, 0.05F);
-        Colour light = mix(fromHex(0x080C22), fromHex(0x2C46CC), 0.45F + 0.55F * sheen);
-        light = light * (1 + 0.25F * fractalNoise({6 * u, 90 * v, 1}, 2, 77));
-        const float lit = smoothStep(1.2F, 0.1F, u + v - 0.25F);
-        light += fromHex(0xFFC04A) * (bell(far - 1.0F, 0.9F) * (0.45F + 0.8F * lit));
-        light += fromHex(0xFFC04A) * (0.10F * bell(far - 2.0F, 3.0F));
+        const auto farAt = [&](int px, int py) {
+            return distance[static_cast<std::size_t>(std::clamp(py, 0, 383)) * 512 +
+                            static_cast<std::size_t>(std::clamp(px, 0, 511))];
+        };
+        const float far = farAt(x, y);
+        const float dx = static_cast<float>(x) - 255.5F;
+        const float dy = static_cast<float>(y) - 191.5F;
+        const float away = length(dx, dy);
+        // the lacquer's grain follows the rings of light round the window
+        const float turned = std::atan2(dy, dx);
+        const float grain = fractalNoise({3 * std::cos(turned), 3 * std::sin(turned), away * 0.22F}, 3, 77);
+        const float fire = exponential(-std::max(0.0F, away - 130) / 50);
+        Colour light = mix(fromHex(0x03040C), fromHex(0x10268C), 0.60F + 0.4F * grain);
+        light = mix(light, fromHex(0xD07818) * (1 + 0.4F * grain), saturate(1.05F * fire));
+        light += fromHex(0xFFC04A) * (0.30F * fire * fire * fire);
+        // the bevel: slopes that look at the fire are bright, those behind are night
+        const float slopeX = farAt(x + 1, y) - farAt(x - 1, y);
+        const float slopeY = farAt(x, y + 1) - farAt(x, y - 1);
+        const float facing =
+            (slopeX * dx + slopeY * dy) / (2 * std::max(away, 1.0F)); // 1: the cut is on the fire's side
+        const float slope = smoothStep(6.5F, 3.0F, far);
+        light = light * (1 - 0.45F * slope * (1 - saturate(facing)));
+        light += fromHex(0xFFC04A) * (slope * saturate(facing) * (0.18F + 0.5F * fire));
+        light += fromHex(0xFFE6A8) * (bell(far - 1.0F, 0.8F) * (0.35F + 0.7F * fire));
         return light;
     });
     Bitmap picture = developed(plate, {1, false, 0});

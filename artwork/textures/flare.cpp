@@ -40,12 +40,12 @@ Bitmap makeRingFlare() {
     return developed(picture, plain);
 }
 
-// "bfs0.pcx": a spark, and one of the 1000 to 1700 flares of a metaball: broad and dim, so that neighbours melt into
-// one glowing body whose middle goes from ember through gold to white.
+// "bfs0.pcx": a spark, and one of the 1000 to 1700 flares of a metaball. As wide as it can be and so dim that the four
+// or more on each crossing of the grid stay coals: only where front and back overlap does the body turn white.
 Bitmap makeSparkFlare() {
-    const Picture picture = sprite(16, [](float x, float y) {
-        const float r = length(x, y) * 8; // pixels
-        return fromHex(0x4E240D) * bell(r, 3.1F) + fromHex(0x1C1408) * bell(r, 1.1F);
+    const Picture picture = renderPicture(16, 16, 8, [](float x, float y, std::uint32_t) -> Colour {
+        const float r = length(x - 8, y - 8); // pixels
+        return fromHex(0x2C1406) * smoothStep(8, 1.8F, r);
     });
     return developed(picture, plain);
 }

@@ -30,13 +30,13 @@ void crossFade(Pixel32* pixels, const Pixel32* other, std::uint8_t factor, std::
 // destination[i] = ((a[i] >> 1) & 0x7F7F7F7F) + ((b[i] >> 1) & 0x7F7F7F7F).
 void averageHalves(Pixel32* destination, const Pixel32* a, const Pixel32* b, std::size_t count);
 
-// In ascending order and in place, so that the pixels behind have already been averaged:
+// In ascending order and in place, so that the pixels before have already been averaged:
 // pixels[i] = half of pixels[i + distance] + half of pixels[i - distance] (masks as in averageHalves).
 // pixels[-distance] to pixels[count - 1 + distance] must be readable; distance is at least 1.
 void smearHalves(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count);
 
 // In ascending order and in place: pixels[i] = the sum of a quarter, ((p >> 2) & 0x3F3F3F3F), of the pixels at
-// i - 1, i + 1, i - distance and i + distance, those behind already averaged.
+// i - 1, i + 1, i - distance and i + distance, those before already averaged.
 // pixels[-distance] to pixels[count - 1 + distance] must be readable; distance is at least 2.
 void smearQuarters(Pixel32* pixels, std::ptrdiff_t distance, std::size_t count);
 

@@ -8,7 +8,7 @@
 
 namespace lumenfold::art {
 
-// A tune as one long grid of rows by channels. Parts of the music are written through `Passage`, which counts rows
+// A tune as one long grid of rows by channels. Parts of the music are written through a `Stage`, which counts rows
 // from the start of a section; `toSong` cuts the grid into patterns.
 class Score {
   public:

@@ -20,7 +20,7 @@ namespace {
 constexpr std::int32_t columns = 8;
 constexpr std::int32_t gap = 8;
 constexpr std::int32_t labelRows = glyphHeight + 4;
-constexpr std::int64_t settled = 4; // frames behind a command at which its effect is seen
+constexpr std::int64_t settled = 4; // frames after a command at which its effect is seen
 constexpr std::uint64_t dark = 16;  // mean level below which a phase has yet to fade in
 constexpr Pixel32 paper = 0x00181818;
 constexpr Pixel32 ink = 0x00D0D0D0;
@@ -42,7 +42,7 @@ struct Stretch {
     std::int64_t frames = 0;
     std::int64_t distance = 1;
     std::vector<Moment> moments;
-    std::vector<Moment> phases;                   // soon behind the first commands of each value
+    std::vector<Moment> phases;                   // soon after the first commands of each value
     std::map<std::uint32_t, std::int32_t> heard;  // commands so far, by value
     std::map<std::int64_t, std::uint32_t> wanted; // frames to be kept for a command
 };

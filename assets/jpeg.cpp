@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <stdexcept>
 #include <vector>
 
@@ -81,6 +82,7 @@ class JpegDecoder {
     std::int32_t expectedHeight;
     bool done = false;               // no more segments: end marker, end of the data, or every component is decoded
     bool cutShort = false;           // the data of a scan ended early
+    bool unconverted = false;        // an Adobe marker says that the components are red, green and blue
     bool damaged = false;            // the data of a scan held bits that are no code
     std::size_t restartInterval = 0; // minimum coded units between restart markers, 0: none
     JpegFrame frame;
@@ -151,6 +153,8 @@ void JpegDecoder::readMarker(std::uint8_t marker) {
         readQuantisationTables(segment);
     else if (marker == jpeg::restartIntervalMarker && segment.end - segment.begin >= 2)
         restartInterval = static_cast<std::size_t>(bigEndian16(segment.begin));
+    else if (marker == jpeg::adobe && segment.end - segment.begin >= 12)
+        unconverted = std::memcmp(segment.begin, "Adobe", 5) == 0 && segment.begin[11] == 0;
     else if (marker == jpeg::baselineFrame || marker == jpeg::extendedFrame)
         readFrame(segment);
     else if (marker >= jpeg::baselineFrame && marker <= jpeg::lastFrame && marker != jpeg::arithmeticTables &&
@@ -469,6 +473,13 @@ std::string JpegDecoder::remark() const {
         return "the data is damaged; parts of the picture are missing";
     if (cutShort || scannedCount < frame.components.size())
         return "the file ends early; the rest of the picture is missing";
+    const JpegComponent& first = frame.components[0];
+    if (frame.components.size() == 4)
+        return "CMYK pictures are not supported; the colours are wrong";
+    if (frame.components.size() == 3 && unconverted)
+        return "RGB in JPEG is not supported; the colours are wrong";
+    if (frame.components.size() == 1 && (first.horizontal > 1 || first.vertical > 1))
+        return "sampling factors in a grey picture are not supported; its blocks are in the wrong places";
     return "";
 }
 

@@ -20,6 +20,7 @@ inline constexpr std::uint8_t extension = 0xC8;
 inline constexpr std::uint8_t startOfImage = 0xD8;
 inline constexpr std::uint8_t endOfImage = 0xD9;
 inline constexpr std::uint8_t startOfScan = 0xDA;
+inline constexpr std::uint8_t adobe = 0xEE; // application segment 14
 inline constexpr std::uint8_t quantisationTables = 0xDB;
 inline constexpr std::uint8_t numberOfLines = 0xDC;
 inline constexpr std::uint8_t restartIntervalMarker = 0xDD;

@@ -41,8 +41,7 @@ void plan(Film& film, const Options& options) {
         const auto wanted = std::find_if(show.stretches.begin(), show.stretches.end(),
                                          [&](const auto& stretch) { return stretch.part == options.part; });
         if (wanted == show.stretches.end())
-            throw UsageError("--part: " + std::to_string(options.part) + " does not come within " +
-                             inSeconds(show.end));
+            throw UsageError("--part: " + std::to_string(options.part) + " does not come within " + inSeconds(end));
         if (options.from > wanted->end + ShowPlan::exactness)
             throw UsageError("--from: part " + std::to_string(options.part) + " ends after " + inSeconds(wanted->end));
         end = std::min(end, wanted->end);

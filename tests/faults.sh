@@ -111,14 +111,18 @@ variety "PCX of another size" greets2.pcx convert "$pcx" -resize 300x100! pcx:-
 variety "PNG called .pcx" greets2.pcx convert "$pcx" png:-
 variety "text called .jpg" hall1.jpg echo "not a picture"
 variety "JPEG, progressive" hall1.jpg convert "$root/show/hall1.jpg" -interlace JPEG jpg:-
+variety "JPEG, CMYK" hall1.jpg convert "$root/show/hall1.jpg" -colorspace CMYK jpg:-
 variety "object of a later type" credt.lwo printf 'FORM\0\0\0\4LWO2'
 variety "object without faces" credt.lwo printf 'FORM\0\0\0\4LWOB'
 try "object that is missing" bash -c 'film --object nothing.lwo frames/'
 try "texture with a blank in its name" bash -c 'film --object "credt.lwo,no such texture.jpg" frames/'
 
-mkdir empty
-(cd empty && try "demo: folder without assets" "$programs/lumenfold")
-(mkdir gone && cd gone && rmdir ../gone && try "demo: deleted working directory" "$programs/lumenfold")
+mkdir empty gone
+cd empty
+try "demo: folder without assets" "$programs/lumenfold"
+cd ../gone
+rmdir ../gone
+try "demo: deleted working directory" "$programs/lumenfold"
 cd "$show"
 try "demo: no display" env -u DISPLAY -u WAYLAND_DISPLAY -u SDL_VIDEODRIVER "$programs/lumenfold"
 try "demo: no such video driver" env SDL_VIDEODRIVER=none-such "$programs/lumenfold"
@@ -126,8 +130,8 @@ try "demo: no such sound driver" env SDL_AUDIODRIVER=none-such "$programs/lumenf
 
 # signals FAULT COMMANDS: what happens to the running demo; "demo" is its number.
 signals() {
-    # a program behind a script ignores SIGINT unless it is told otherwise
-    env --default-signal=INT "$programs/lumenfold" >"$work/out" 2>"$work/err" &
+    # a program behind a script ignores SIGINT, and under nohup SIGHUP, unless these are set back
+    env --default-signal=INT,HUP "$programs/lumenfold" >"$work/out" 2>"$work/err" &
     local demo=$! status
     eval "$2"
     timeout 20 tail --pid=$demo -f /dev/null || kill -KILL $demo
@@ -289,9 +293,10 @@ fi
 try "film: folder that cannot be made" bash -c 'film --to 1 /proc/nowhere/film'
 for signal in TERM INT HUP; do
     echo earlier >film.mp4
-    env --default-signal=INT "$programs/lumenfold-film" --show "$show" film.mp4 >/dev/null 2>"$work/err" & running=$!
+    env --default-signal=INT,HUP "$programs/lumenfold-film" --show "$show" film.mp4 >/dev/null 2>"$work/err" & running=$!
     sleep 3
     kill -$signal $running
+    timeout 60 tail --pid=$running -f /dev/null || kill -KILL $running
     wait $running
     row "film: SIG$signal" $? "$work/err"
     seconds=$(ffprobe -v error -show_entries format=duration -of csv=p=0 film.mp4)

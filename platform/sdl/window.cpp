@@ -86,6 +86,9 @@ bool isOrdinaryKey(SDL_Keycode key) {
     default:
         break;
     }
+    // X11 reports a laptop's keys for microphone, touchpad and tools as these
+    if (key >= SDLK_F13 && key <= SDLK_F24)
+        return false;
     // the consumer keys of the USB usage tables: media, browser, brightness, keyboard light, eject, sleep, applications
     const bool consumer = key >= SDLK_AUDIONEXT && key <= SDL_SCANCODE_TO_KEYCODE(SDL_SCANCODE_ENDCALL);
     return !consumer;

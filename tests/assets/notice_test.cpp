@@ -132,6 +132,22 @@ const Change changes[] = {
          f.insert(f.begin() + static_cast<std::ptrdiff_t>(entropyStart(f)), {0xFF, 0, 0xFF, 0, 0xFF, 0});
      },
      "the data is damaged; parts of the picture are missing"},
+    {wholeJpeg, ".jpg",
+     [](Bytes& f) {
+         f = makeJpeg({width, height, {{1, 1}, {1, 1}, {1, 1}, {1, 1}}});
+     },
+     "CMYK pictures are not supported; the colours are wrong"},
+    {wholeJpeg, ".jpg",
+     [](Bytes& f) {
+         f = makeJpeg({width, height, {{2, 2}}});
+     },
+     "sampling factors in a grey picture are not supported"},
+    {wholeJpeg, ".jpg",
+     [](Bytes& f) {
+         const Bytes adobe = {0xFF, 0xEE, 0, 14, 'A', 'd', 'o', 'b', 'e', 0, 100, 0, 0, 0, 0, 0};
+         f.insert(f.begin() + 2, adobe.begin(), adobe.end());
+     },
+     "RGB in JPEG is not supported; the colours are wrong"},
     {wholeTga, ".jpeg", [](Bytes&) {}, "the name ends in none of jpg, pcx and tga; nothing is drawn"},
 };
 

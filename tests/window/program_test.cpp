@@ -43,7 +43,7 @@ TEST_F(Program, AKeyEndsIt) {
     run(status, "(sleep 3; xdotool key space) &");
     EXPECT_EQ(status, 0);
     EXPECT_LT(std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count(),
-              3.0 + 3.0); // a loaded machine starts slowly
+              3.0 + 12.0); // a loaded machine starts slowly; the show takes eight minutes
 }
 
 TEST_F(Program, StandardOutputNeverHoldsItUp) {

@@ -53,15 +53,15 @@ TEST(PlacePicture, AFullScreenIsFilled) {
 
 TEST(Keys, OnlyOrdinaryKeysEndTheShow) {
     for (const SDL_Keycode key : std::initializer_list<SDL_Keycode>{
-             SDLK_SPACE, SDLK_RETURN, SDLK_ESCAPE, SDLK_a, SDLK_F1, SDLK_LEFT, SDLK_KP_0, SDLK_TAB, SDLK_DELETE,
-             SDLK_BACKSPACE, SDL_SCANCODE_TO_KEYCODE(SDL_SCANCODE_HOME)})
+             SDLK_SPACE, SDLK_RETURN, SDLK_ESCAPE, SDLK_a, SDLK_F1, SDLK_F12, SDLK_LEFT, SDLK_KP_0, SDLK_TAB,
+             SDLK_DELETE, SDLK_BACKSPACE, SDL_SCANCODE_TO_KEYCODE(SDL_SCANCODE_HOME)})
         EXPECT_TRUE(isOrdinaryKey(key)) << SDL_GetKeyName(key);
     for (const SDL_Keycode key :
          {SDLK_LSHIFT,           SDLK_RCTRL,     SDLK_LALT,      SDLK_RGUI,         SDLK_CAPSLOCK,
           SDLK_NUMLOCKCLEAR,     SDLK_MODE,      SDLK_MUTE,      SDLK_VOLUMEUP,     SDLK_VOLUMEDOWN,
           SDLK_AUDIONEXT,        SDLK_AUDIOPLAY, SDLK_AUDIOMUTE, SDLK_BRIGHTNESSUP, SDLK_BRIGHTNESSDOWN,
           SDLK_KBDILLUMUP,       SDLK_EJECT,     SDLK_SLEEP,     SDLK_CALCULATOR,   SDLK_AC_HOME,
-          SDLK_AUDIOFASTFORWARD, SDLK_POWER})
+          SDLK_AUDIOFASTFORWARD, SDLK_POWER,     SDLK_F13,       SDLK_F20,          SDLK_F24})
         EXPECT_FALSE(isOrdinaryKey(key)) << SDL_GetKeyName(key);
 }
 

@@ -117,7 +117,7 @@ Bitmap makeOverlayPlate() {
     });
     Bitmap picture = developed(plate, {1, false, 0});
     for (std::size_t i = 0; i < picture.rgb.size(); ++i)
-        picture.rgb[i] = mask.rgb[i] >= 128 ? 255 : std::min<std::uint8_t>(picture.rgb[i], 250);
+        picture.rgb[i] = mask.rgb[i] >= 128 ? 255 : std::min<std::uint8_t>(picture.rgb[i], 240);
     return picture;
 }
 

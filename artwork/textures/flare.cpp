@@ -44,8 +44,8 @@ Bitmap makeRingFlare() {
 // or more on each crossing of the grid stay coals: only where front and back overlap does the body turn white.
 Bitmap makeSparkFlare() {
     const Picture picture = renderPicture(16, 16, 8, [](float x, float y, std::uint32_t) -> Colour {
-        const float r = length(x - 8, y - 8); // pixels
-        return fromHex(0x2C1406) * smoothStep(8, 1.8F, r);
+        const float r = length(x - 8, y - 8);                 // pixels
+        return fromHex(0x2C1406) * smoothStep(7.3F, 1.8F, r); // the rim stays black
     });
     return developed(picture, plain);
 }

@@ -42,6 +42,39 @@ Samples spectrallyScaled(const Samples& source, const std::function<double(doubl
     return real;
 }
 
+// Applies a curve at four times the rate and keeps what lies below half of the old one.
+template <class Curve>
+void shapeFinely(Samples& target, const Curve& curve) {
+    constexpr std::size_t factor = 4;
+    const std::size_t length = powerOfTwoFrom(target.size());
+    const std::size_t wide = factor * length;
+    std::vector<double> real(target);
+    std::vector<double> imaginary(length, 0.0);
+    real.resize(length, 0.0);
+    transform(real, imaginary, false);
+    const auto resized = [](const std::vector<double>& bins, std::size_t from, std::size_t to) {
+        std::vector<double> result(to, 0.0);
+        for (std::size_t i = 0; i < std::min(from, to) / 2; ++i) {
+            result[i] = bins[i];
+            if (i > 0)
+                result[to - i] = bins[from - i];
+        }
+        return result;
+    };
+    std::vector<double> wideReal = resized(real, length, wide);
+    std::vector<double> wideImaginary = resized(imaginary, length, wide);
+    transform(wideReal, wideImaginary, true);
+    for (double& value : wideReal)
+        value = curve(value / static_cast<double>(length));
+    std::fill(wideImaginary.begin(), wideImaginary.end(), 0.0);
+    transform(wideReal, wideImaginary, false);
+    real = resized(wideReal, wide, length);
+    imaginary = resized(wideImaginary, wide, length);
+    transform(real, imaginary, true);
+    for (std::size_t i = 0; i < target.size(); ++i)
+        target[i] = real[i] / static_cast<double>(wide);
+}
+
 } // namespace
 
 double saturate(double x) {
@@ -107,15 +140,11 @@ void multiply(Samples& target, const std::function<double(double)>& gainAtSecond
 }
 
 void shapeWith(Samples& target, double drive) {
-    for (double& value : target) {
-        value = saturate(value * drive);
-    }
+    shapeFinely(target, [&](double value) { return saturate(value * drive); });
 }
 
 void foldWith(Samples& target, double drive) {
-    for (double& value : target) {
-        value = cycleSine(value * drive * 0.25);
-    }
+    shapeFinely(target, [&](double value) { return cycleSine(value * drive * 0.25); });
 }
 
 void fadeEnds(Samples& target, double inSeconds, double outSeconds) {

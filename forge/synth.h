@@ -34,6 +34,8 @@ Samples sweptSine(double seconds, const std::function<double(double)>& hertz);
 
 void add(Samples& target, const Samples& source, double gain = 1.0, double atSeconds = 0.0); // grows the target
 void multiply(Samples& target, const std::function<double(double)>& gainAtSeconds);
+// Both curves run at four times the rate, so that what they add above half of it does not fold back. A sound of a
+// power-of-two length counts as a loop.
 void shapeWith(Samples& target, double drive); // saturates drive times the sound
 void foldWith(Samples& target, double drive);  // folds back what exceeds full scale, with a sine
 void fadeEnds(Samples& target, double inSeconds, double outSeconds);

@@ -96,7 +96,7 @@ void addMixChecks(std::vector<TuneCheck>& checks, const std::string& folder, con
                   const std::vector<Section>& sections, int mostHidden, int mostBehind) {
     const forge::Mix mix = forge::playModule(folder + "/" + file);
     const Accents accents = accentsOf(mix, sections);
-    checks.push_back({file + ": loudness", forge::loudness(mix), -18.0, -14.0, "LUFS"});
+    checks.push_back({file + ": loudness", forge::loudness(mix), -17.5, -14.0, "LUFS"});
     checks.push_back({file + ": true peak", forge::truePeak(mix), -6.0, -1.0, "dB"});
     checks.push_back({file + ": correlation", forge::correlation(mix), 0.85, 1.0, ""});
     checks.push_back({file + ": loss in mono", forge::monoLoss(mix), -0.4, 0.4, "LU"});
@@ -122,7 +122,7 @@ void addDynamicsChecks(std::vector<TuneCheck>& checks, const std::string& folder
     for (const Section& section : sections)
         if (section.name != "10 finale")
             loudest = std::max(loudest, level(section.name));
-    checks.push_back({"finale above every other section", level("10 finale") - loudest, 0.2, 6.0, "LU"});
+    checks.push_back({"finale above every other section", level("10 finale") - loudest, 1.0, 6.0, "LU"});
     checks.push_back({"hall above the logo", level("1 hall") - level("1 logo"), 1.5, 8.0, "LU"});
     checks.push_back(
         {"ray tunnel above the twin tunnels", level("4 ray tunnel") - level("4 twin tunnels"), 1.0, 6.0, "LU"});

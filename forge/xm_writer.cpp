@@ -111,42 +111,70 @@ void writeEnvelopes(Bytes& out, const XmInstrument& instrument) {
     out.u8(0);
 }
 
-void writeSample(Bytes& out, const XmInstrument& instrument) {
+void writeSampleHeader(Bytes& out, const XmInstrument& instrument, const XmZone& zone) {
     constexpr int sixteenBit = 16;
     constexpr int forwardLoop = 1;
     const bool loops = instrument.loopLength > 0;
-    out.u32(instrument.samples.size() * 2);
+    out.u32(zone.samples.size() * 2);
     out.u32(static_cast<std::size_t>(instrument.loopStart) * 2);
     out.u32(static_cast<std::size_t>(instrument.loopLength) * 2);
     out.u8(instrument.volume);
-    out.u8(instrument.fineTune);
+    out.u8(zone.fineTune);
     out.u8(sixteenBit | (loops ? forwardLoop : 0));
     out.u8(instrument.panning);
-    out.u8(instrument.relativeNote);
+    out.u8(zone.relativeNote);
     out.u8(0);
     out.text(instrument.name, 22);
+}
+
+void writeSampleData(Bytes& out, const std::vector<std::int16_t>& samples) {
     int previous = 0;
-    for (const std::int16_t sample : instrument.samples) {
+    for (const std::int16_t sample : samples) {
         out.u16(sample - previous);
         previous = sample;
+    }
+}
+
+// Which sample each of the 96 notes plays.
+void writeKeyMap(Bytes& out, const XmInstrument& instrument) {
+    constexpr int notes = 96;
+    for (int note = 1; note <= notes; ++note)
+        out.u8(static_cast<int>(std::count_if(instrument.zones.begin(), instrument.zones.end(),
+                                              [&](const XmZone& zone) { return zone.lowestNote <= note; })));
+}
+
+void requireSound(const XmInstrument& instrument) {
+    constexpr std::size_t mostZones = 15;
+    const std::string name = "instrument \"" + instrument.name + "\" ";
+    const auto fits = [&](const std::vector<std::int16_t>& samples) {
+        require(!samples.empty(), name + "has no sample");
+        require(instrument.loopStart >= 0 && instrument.loopLength >= 0 &&
+                    static_cast<std::size_t>(instrument.loopStart) + static_cast<std::size_t>(instrument.loopLength) <=
+                        samples.size(),
+                name + "loops past its end");
+    };
+    fits(instrument.samples);
+    require(instrument.zones.size() <= mostZones, name + "has more than 16 samples");
+    int lowest = 1;
+    for (const XmZone& zone : instrument.zones) {
+        fits(zone.samples);
+        require(zone.lowestNote > lowest && zone.lowestNote <= 96, name + "has zones out of order");
+        lowest = zone.lowestNote;
     }
 }
 
 void writeInstrument(Bytes& out, const XmInstrument& instrument) {
     constexpr int headerSize = 263;
     constexpr int sampleHeaderSize = 40;
-    constexpr std::size_t notes = 96;
-    require(!instrument.samples.empty(), "instrument \"" + instrument.name + "\" has no sample");
-    require(instrument.loopStart >= 0 && instrument.loopLength >= 0 &&
-                static_cast<std::size_t>(instrument.loopStart) + static_cast<std::size_t>(instrument.loopLength) <=
-                    instrument.samples.size(),
-            "instrument \"" + instrument.name + "\" loops past its end");
+    requireSound(instrument);
+    std::vector<XmZone> zones = {{1, instrument.samples, instrument.relativeNote, instrument.fineTune}};
+    zones.insert(zones.end(), instrument.zones.begin(), instrument.zones.end());
     out.u32(headerSize);
     out.text(instrument.name, 22);
-    out.u8(0);  // type
-    out.u16(1); // samples
+    out.u8(0); // type
+    out.u16(static_cast<int>(zones.size()));
     out.u32(sampleHeaderSize);
-    out.zeros(notes); // every note plays sample 0
+    writeKeyMap(out, instrument);
     writeEnvelopes(out, instrument);
     out.u8(0); // vibrato wave: sine
     out.u8(instrument.vibratoSweep);
@@ -154,7 +182,10 @@ void writeInstrument(Bytes& out, const XmInstrument& instrument) {
     out.u8(instrument.vibratoRate);
     out.u16(instrument.fadeOut);
     out.zeros(22);
-    writeSample(out, instrument);
+    for (const XmZone& zone : zones)
+        writeSampleHeader(out, instrument, zone);
+    for (const XmZone& zone : zones)
+        writeSampleData(out, zone.samples);
 }
 
 } // namespace

@@ -36,7 +36,15 @@ struct XmEnvelopePoint {
     int value; // 0 to 64
 };
 
-// One sound: an instrument with a single 16-bit sample.
+// A further sample of an instrument, for the notes from a lowest one up to where the next begins.
+struct XmZone {
+    int lowestNote = 1; // 1 = C-0 to 96 = B-7
+    std::vector<std::int16_t> samples;
+    int relativeNote = 0;
+    int fineTune = 0;
+};
+
+// One sound: an instrument with a 16-bit sample, or with several over the keyboard, which share all but their pitch.
 struct XmInstrument {
     std::string name;                            // at most 22 characters are kept
     std::vector<std::int16_t> samples;           // mono
@@ -46,6 +54,7 @@ struct XmInstrument {
     int panning = 128;                           // 0 left to 255 right
     int relativeNote = 0;                        // semitones added to the note; at 0, C-4 plays 8363 samples a second
     int fineTune = 0;                            // 128ths of a semitone
+    std::vector<XmZone> zones;                   // ascending, at most 15; below the first, `samples` play
     std::vector<XmEnvelopePoint> volumeEnvelope; // empty: none; at most 12 points
     int sustainPoint = -1;                       // index into the envelope, -1: none
     int fadeOut = 0;                             // per tick after key off, of 32768

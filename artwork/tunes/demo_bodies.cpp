@@ -19,6 +19,9 @@ void bodies(Score& score) {
     stage.drums({"9...9...9...9...", "....9..3.3..9.33", "7354735473547354", "..7...7...7...7."}, 12, 4);
     stage.drums({"9...9...9...9...", "....9.......9...", "6243624362436243", ""}, 16, 2);
     stage.drums({"9.......9.......", "", "4.3.4.3.4.3.4.3.", ""}, 18, 1);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, 0, 8, 42);
+    stage.breaks(Sound::breakHalf, Sound::breakHalf, 8, 4, 34);
+    stage.breaks(Sound::breakBusy, Sound::breakPlain, 12, 6, 46);
     for (const int bar : {7, 15})
         stage.snareFill(bar);
     stage.tomFill(11);
@@ -58,6 +61,7 @@ void twinTunnels(Score& score) {
     stage.drums({"9...9...9...9...", "....9.......9..2", "5354535453545354", "..7...7...7...7."}, 8, 4);
     stage.drums({"9...9...9...9.6.", "....9..2.2..9.23", "6364636463646364", "..7...7...7...7."}, 12, 3);
     stage.drums({"9...9...........", "", "", ""}, 15, 1);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, 4, 11, 34);
     stage.bassLine(pedal, channel::bass, Sound::bass, "..9.9=39=.9=4.9=", 0, 4, 50);
     stage.bassLine(pedal, channel::bass, Sound::bass, "..9.9=39=.9=4.9=..993=9.=49.3=99", 4, 4, 50);
     stage.bassLine(pedal, channel::bass, Sound::growl, ".9939.39.9939.49", 8, 7, 46);
@@ -76,13 +80,14 @@ void twinTunnels(Score& score) {
 
 // White, then everything at once: theme B whole, its second half again, and a stop that rings.
 void rayTunnel(Score& score) {
-    Stage stage(score, "4 ray tunnel", 100);
+    Stage stage(score, "4 ray tunnel", 90);
     const std::string last = "F/A Bb Gm7 C7";
     const Stage::Harmony lift{hook::liftChords + " " + last, barRows};
     const int stop = stage.rowsOf(sync::swap).front();
     stage.hush();
     stage.drums({"9...9...9...9...", "....9.......9..3", "6354635463546354", "..7...7...7...7."}, 0, 8);
     stage.drums({"9...9...9...9..7", "....9..2.2..9.23", "7364736473647364", "..8...8...8...8."}, 8, 4);
+    stage.breaks(Sound::breakBusy, Sound::breakPlain, 0, 12, 36);
     stage.snareFill(3);
     stage.tomFill(7);
     for (const int bar : {4, 8})

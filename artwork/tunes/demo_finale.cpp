@@ -14,6 +14,7 @@ void pane(Score& score) {
     stage.hush();
     stage.drums({"9...9...9...9...", "....6.......6...", "5342534253425342", "..5...5...5...5."}, 0, 8);
     stage.drums({"9...9...9...9...", "....8.......8...", "6353635363536353", "..7...7...7...7."}, 8, 7);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, 8, 7, 28);
     stage.bassLine(lift, channel::bass, Sound::bass, "9..9=.....9=.4..", 0, 8, 50);
     stage.bassLine(lift, channel::bass, Sound::bass, "..9=..9=..9=..93", 8, 7, 52);
     stage.bassLine(lift, channel::sub, Sound::sub, "9..9=.....9..=..", 0, 8, 48);
@@ -40,6 +41,7 @@ void tube(Score& score) {
     stage.drums({kick, "....9.......9.33", "6474647464746474", "..8...8...8...8.", Sound::hardKick}, 0, 8);
     stage.drums({"9...9...9...9.9.", "....9..3.3..9.35", "7575757575757575", "..8...8...8...8.", Sound::hardKick}, 8,
                 8);
+    stage.breaks(Sound::breakBusy, Sound::breakPlain, 0, 16, 46);
     stage.snareFill(3);
     stage.tomFill(7);
     stage.snareFill(11);
@@ -70,15 +72,17 @@ void tube(Score& score) {
 
 // The hook twice, the second time with its counter-voice and the call above it; closed, then D with its ninth rings.
 void finale(Score& score) {
-    Stage stage(score, "10 finale", 112);
+    Stage stage(score, "10 finale", 99);
     const Stage::Harmony fold{hook::foldHome, barRows};
     stage.hush();
     stage.drums({"9...9...9...9...", "....9.......9..3", "6354635463546354", "..8...8...8...8."}, 0, 8);
     stage.drums({"9...9...9...9..7", "....9..3.3..9.33", "7374737473747374", "..8...8...8...8."}, 8, 6);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, 0, 8, 46);
+    stage.breaks(Sound::breakBusy, Sound::breakPlain, 8, 6, 50);
     stage.snareFill(7);
     stage.tomFill(3);
     stage.strike(4 * barRows, 0, 54);
-    stage.strike(8 * barRows, 56, 62);
+    stage.strike(8 * barRows, 40, 56);
     stage.pads(fold, 0, 40);
     stage.pads({"Dm A/C# Am/C G/B Gm7 A7", barRows}, 8, 42);
     stage.pump(0, 14, 44);
@@ -89,15 +93,18 @@ void finale(Score& score) {
     stage.bassLine(second, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", 8, 6, 52);
     stage.line(hook::whole, Sound::lead, 0, 54);
     stage.voice(transposed(hook::whole, -12), Sound::choir, channel::texture, 0, 50);
+    stage.voice(transposed(hook::whole, -12), Sound::lead, channel::second, 0, 40);
     stage.riff(repeatedWords(hook::riff, 4), 0, 28);
     stage.line(hook::question + hook::sequence + "A#5:3 A5:3 G5:2 F5:3 G5:3 A5:2 " + hook::closed, Sound::lead,
                8 * barRows, 56);
     stage.voice(hook::counter, Sound::choir, channel::texture, 8 * barRows, 50);
+    stage.voice(transposed(hook::counter, -12), Sound::lead, channel::second, 8 * barRows, 40);
     stage.riff(transposed(hook::call, 12) + "-:16 " + transposed(hook::call, 12), 8 * barRows, 36);
     stage.accents(sync::advance, Stage::Accent::heavy, noteNumber("D5"));
 
     const int last = 14 * barRows;
     stage.off(last, channel::lead);
+    stage.off(last, channel::second);
     stage.accent(last, Stage::Accent::heavy, noteNumber("D5"));
     stage.pads({"Dadd9", 4 * barRows}, 14, 44, Sound::padLeft, Sound::choir);
     stage.note(last, channel::sub, Sound::sub, "D2", 50);

@@ -53,6 +53,8 @@ void logo(Score& score) {
     stage.bassLine(fold, channel::bass, Sound::bass, "9..6=.39.=.64.7.", 8, 4, 48);
     stage.bassLine(fold, channel::sub, Sound::sub, "9....=7....=....", 8, 4, 48);
     stage.line(hook::question + hook::sequence, Sound::lead, 8 * barRows, 44);
+    stage.breaks(Sound::breakHalf, Sound::breakHalf, 0, 4, 26);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, 4, 8, 34);
     stage.snareFill(3);
     stage.tomFill(11);
     stage.roll(12 * barRows, 12, 1, 12, 56);
@@ -74,6 +76,7 @@ void hall(Score& score) {
     stage.drums({"9.........7.....9......7..8.....", "........9...............9...2.3.", "4...3...4...3.2.", ""}, 0,
                 10);
     stage.drums({"9.....9...9.....", "........9.......", "5.3.4.3.5.3.4.33", "..........5....."}, 10, 3);
+    stage.breaks(Sound::breakHalf, Sound::breakHalf, 0, 13, 30);
     stage.steps(channel::perc, Sound::tom, "6.....5...6.....6...4.5.6.6.4.4.", 2, 10, noteNumber("D3"));
     stage.line(stretched(hook::question + hook::sequence, 2), Sound::solo, 2 * barRows, 50);
     stage.voice(stretched(hook::question + hook::sequence, 2), Sound::choir, channel::texture, 2 * barRows, 46);
@@ -96,6 +99,7 @@ void ring(Score& score) {
     stage.drums({kick, "....9..2....9..2", "5233523352335233", ""}, 0, 3);
     stage.drums({kick, "....9..2....9..2", "6243624362436243", "..4.......4....."}, 3, 4);
     stage.drums({kick, "....9..2.2..9...", "6243624362436243", "..5...5...5...5."}, 7, 8);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, 0, 15, 40);
     for (const int bar : {2, 6, 10})
         stage.snareFill(bar);
     stage.tomFill(14);
@@ -116,7 +120,7 @@ void ring(Score& score) {
 
 // The floor falls away: the fold's end in four bars, the break cut ever finer.
 void cube(Score& score) {
-    Stage stage(score, "2 cube");
+    Stage stage(score, "2 cube", 88);
     const Stage::Harmony harmony{"Gm7 A7/G Dm/F A7/E", barRows};
     stage.hush();
     stage.pads(harmony, 0, 38, Sound::choir, Sound::padRight);
@@ -125,6 +129,7 @@ void cube(Score& score) {
     stage.bassLine(harmony, channel::bass, Sound::bass, "9.=.9.=.9.=.9.93", 0, 4, 46);
     stage.drums({"9..9..9...9..9..", "....9..4.4..9.4.", "7474747474747474", "..6...6...6...6."}, 0, 3);
     stage.drums({"9...9...9.9.9999", "4444555566667788", "7777777777777777", ""}, 3, 1);
+    stage.breaks(Sound::breakBusy, Sound::breakBusy, 0, 3, 42);
     for (const int row : {13, 29, 45})
         stage.flutter(row, channel::snare, 2);
     stage.line(hook::climb, Sound::lead, 0, 48);

@@ -32,6 +32,7 @@ void film(Score& score) {
     stage.pads(fold, 0, 28);
     stage.pump(0, 4, 32, 8);
     stage.drums({"9.......8.......", "............6...", "", ""}, 0, 4);
+    stage.breaks(Sound::breakHalf, Sound::breakHalf, 2, 3, 22);
     stage.riff(hook::question + hook::sequence, 0, 46);
     stage.accents(sync::swap, Stage::Accent::heavy, noteNumber("D5"));
     stage.swellInto(stage.rows(), Sound::riser, 32, 52);
@@ -40,7 +41,7 @@ void film(Score& score) {
 // Wide and slow, B flat with its raised fourth: sea, choir, and the hook's answer at half speed. Drums only where the
 // picture shakes.
 void water(Score& score) {
-    Stage stage(score, "6 water");
+    Stage stage(score, "6 water", 88);
     const Stage::Harmony harmony{"Bbmaj7#11 F/A Gm9 C/E Bbmaj9", 2 * barRows};
     stage.hush();
     stage.note(0, channel::texture, Sound::sea, "C4", 44);
@@ -72,6 +73,7 @@ void slime(Score& score) {
     stage.drums({kick, "........9......2", "5.33.3.35.33.333", "..............5."}, 4, 4);
     stage.drums({kick, "........9..2...2", "5.43.4.35.43.433", "..............5."}, 8, 7);
     stage.drums({"9.....9...9.....", "", "5.5.5.5.5.5.5555", ""}, 15, 1);
+    stage.breaks(Sound::breakHalf, Sound::breakHalf, 0, 15, 34);
     stage.steps(channel::perc, Sound::rim, "...3..4.....3...", 4, 11);
     stage.tomFill(7);
     stage.snareFill(15);

@@ -53,6 +53,7 @@ void theme(Stage& stage, int bar) {
     stage.pump(bar, verse, 38, 8);
     stage.drums({"9.....5...7.....", "........7.......", "4.2.3.2.4.2.3.23", ""}, bar, 8);
     stage.drums({"9.....5...7..5..", "........7.....2.", "4.2.3.2.4.2.3.23", "......3.......4."}, bar + 8, 8);
+    stage.breaks(Sound::breakHalf, Sound::breakHalf, bar + 8, 8, 24);
     stage.steps(channel::perc, Sound::rim, "...3......4.3...", bar + 4, verse - 4);
     stage.bassLine(harmony, channel::bass, Sound::bass, "9.....=.6.=...5=", bar, verse, 38);
     stage.bassLine(harmony, channel::sub, Sound::sub, "9.....=...9...=.", bar, verse, 42);
@@ -72,6 +73,7 @@ void lean(Stage& stage, int bar) {
     stage.pads(harmony, bar + 8, 36);
     stage.pump(bar, verse, 40);
     stage.drums({"9...9...9...9...", "....6.......6...", "4243424342434243", "..5...5...5...5."}, bar, verse - 1);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, bar + 8, 8, 28);
     stage.steps(channel::perc, Sound::rim, "..3..3....3..4..", bar + 8, 7);
     stage.bassLine(harmony, channel::bass, Sound::bass, "..8.3.8=..8.3.8=", bar, verse, 40);
     stage.bassLine(harmony, channel::sub, Sound::sub, "=.9.=.9.=.9.=.9.", bar, verse, 40);
@@ -103,6 +105,7 @@ void away(Stage& stage, int bar) {
     stage.drums({"9...9...9...9...", "............5...", "4242424242424242", ""}, bar + 8, 7);
     stage.line("F5:12 D5:4 A#5:16 G5:12 E5:4 C6:16 B5:12 G5:4 E5:16 A5:16 D5:8 E5:8", Sound::solo, row + 8 * barRows,
                36);
+    stage.breaks(Sound::breakHalf, Sound::breakHalf, bar + 8, 7, 22);
     stage.roll(row + (verse - 1) * barRows, barRows, 2, 8, 36);
     stage.swellInto(row + verse * barRows, Sound::riser, 26, 36);
 }
@@ -117,6 +120,7 @@ void home(Stage& stage, int bar) {
     stage.pump(bar, 14, 42);
     stage.drums({"9...9...9...9...", "....7.......7..2", "5343534353435343", "..6...6...6...6."}, bar, 12);
     stage.drums({"9.....5...7.....", "........5.......", "4.2.3.2.4.2.3.2.", ""}, bar + 12, 3);
+    stage.breaks(Sound::breakPlain, Sound::breakBusy, bar, 12, 36);
     stage.steps(channel::perc, Sound::rim, "..3..3....3..4..", bar, 12);
     stage.snareFill(bar + 7);
     stage.tomFill(bar + 11);

@@ -72,26 +72,54 @@ XmInstrument halved(XmInstrument instrument) {
     return instrument;
 }
 
+void addZone(XmInstrument& instrument, const XmInstrument& sound, int ownNote, int lowestNote) {
+    constexpr int middle = 49; // C-4
+    instrument.zones.push_back({lowestNote, sound.samples, sound.relativeNote + middle - ownNote, sound.fineTune});
+}
+
+XmInstrument sampledEachFour(const std::string& name, int lowestRoot, int roots, double level,
+                             const std::function<synth::Samples(double hertz, int root)>& recipe) {
+    constexpr int middle = 49;
+    XmInstrument instrument;
+    for (int i = 0; i < roots; ++i) {
+        const int root = lowestRoot + 4 * i;
+        const XmInstrument sound =
+            oneShot(name, recipe(synth::middleC * power(2.0, (root - middle) / 12.0), root), level);
+        if (i == 0) {
+            instrument = sound;
+            instrument.relativeNote += middle - root;
+        } else {
+            addZone(instrument, sound, root, root - 2);
+        }
+    }
+    return instrument;
+}
+
 int fader(Sound sound) {
     switch (sound) {
     case Sound::kick:
-        return 108;
+        return 97;
     case Sound::hardKick:
-        return 112;
+        return 101;
     case Sound::snare:
+        return 100;
     case Sound::clap:
-        return 118;
+        return 120;
     case Sound::tom:
         return 100;
     case Sound::crash:
-        return 90;
+        return 96;
     case Sound::impact:
-        return 60;
+        return 58;
     case Sound::hat:
     case Sound::openHat:
     case Sound::ride:
     case Sound::rim:
-        return 112;
+        return 114;
+    case Sound::breakPlain:
+    case Sound::breakBusy:
+    case Sound::breakHalf:
+        return 120;
     case Sound::sub:
         return 104;
     case Sound::choir:
@@ -120,7 +148,9 @@ std::vector<XmInstrument> tuneInstruments() {
     std::vector<XmInstrument> instruments;
     for (int i = 1; i < static_cast<int>(Sound::count); ++i) {
         const auto sound = static_cast<Sound>(i);
-        if (sound <= Sound::crash) {
+        if (sound >= Sound::breakPlain) {
+            instruments.push_back(breakLoop(sound));
+        } else if (sound <= Sound::crash) {
             instruments.push_back(percussion(sound));
         } else if (sound <= Sound::riser || sound >= Sound::sea) {
             instruments.push_back(atmosphere(sound));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,9 @@ enum class Sound {
     sea,
     spark,
     projector,
+    breakPlain, // bars of drums, cut by the row
+    breakBusy,
+    breakHalf,
     count
 };
 
@@ -54,6 +58,16 @@ int fader(Sound sound);
 XmInstrument percussion(Sound sound);
 XmInstrument tonal(Sound sound);
 XmInstrument atmosphere(Sound sound);
+XmInstrument breakLoop(Sound sound);
+
+// Samples of a sixteenth in a break; a multiple of 256, the unit of the sample offset.
+constexpr int breakStep = 14 * 256;
+constexpr int breakTempo = 140; // at which a break played at C-4 fills its bar
+
+// The drums themselves: a body that falls from a knock, cymbal metal, one of three snares.
+synth::Samples drumBody(double seconds, double floorHertz, double punch, double fall, double drive, double click);
+synth::Samples metal(double seconds, double fall, double lowCut, double noiseShare, std::uint32_t seed);
+synth::Samples snare(int turn);
 
 // A sound that plays once; level is its peak, 0 to 1.
 XmInstrument oneShot(const std::string& name, synth::Samples sound, double level, int panning = 128);
@@ -62,5 +76,10 @@ XmInstrument oneShot(const std::string& name, synth::Samples sound, double level
 XmInstrument seamless(const std::string& name, synth::Samples loop, double hertz, double level, int panning = 128);
 // Keeps every second sample, an octave of relative note lower; the sound must hold nothing above 8 kHz.
 XmInstrument halved(XmInstrument instrument);
+// Adds a one-shot whose own pitch is a note's, for the notes from the lowest on.
+void addZone(XmInstrument& instrument, const XmInstrument& sound, int ownNote, int lowestNote);
+// One sample for each four semitones, from a recipe that takes the fundamental in hertz; roots in ascending order.
+XmInstrument sampledEachFour(const std::string& name, int lowestRoot, int roots, double level,
+                             const std::function<synth::Samples(double hertz, int root)>& recipe);
 
 } // namespace lumenfold::art

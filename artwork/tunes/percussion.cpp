@@ -19,6 +19,8 @@ Samples noiseBurst(double seconds, double low, double high, double fall, std::ui
     return burst;
 }
 
+} // namespace
+
 // A sine that falls fast from a knock to its body, saturated, with a short click on top.
 Samples drumBody(double seconds, double floorHertz, double punch, double fall, double drive, double click) {
     Samples body = sweptSine(
@@ -47,16 +49,24 @@ Samples metal(double seconds, double fall, double lowCut, double noiseShare, std
     return sound;
 }
 
-Samples snare() {
-    Samples sound = render(
-        0.30, [](double t) { return 0.85 * cycleSine(188.0 * t + 3.0 * (1.0 - decay(t, 0.02))) * decay(t, 0.055); });
-    add(sound, noiseBurst(0.30, 1400.0, 9000.0, 0.085, 21), 1.5);
-    for (int i = 0; i < 3; ++i) { // hands close behind the stick
-        add(sound, noiseBurst(0.12, 900.0, 6000.0, 0.014, 22 + static_cast<std::uint32_t>(i)), 0.6, 0.011 * i);
-    }
-    shapeWith(sound, 1.4);
-    return withRoom(sound, 0.38, 0.30, 5200.0, 31);
+// Two modes of the head, noise of the stick and of the wires; no two strokes alike.
+Samples snare(int turn) {
+    const double pitches[3] = {1.0, 0.975, 1.02};
+    const double edges[3] = {9500.0, 8000.0, 8800.0};
+    const double pitch = pitches[turn];
+    const std::uint32_t seed = 21 + 8 * static_cast<std::uint32_t>(turn);
+    Samples sound = render(0.30, [&](double t) {
+        return 0.8 * cycleSine(185.0 * pitch * t + 1.5 * (1.0 - decay(t, 0.014))) * decay(t, 0.065) +
+               0.42 * cycleSine(331.0 * pitch * t) * decay(t, 0.045);
+    });
+    add(sound, noiseBurst(0.12, 1400.0, edges[turn], 0.012, seed), 1.4);
+    add(sound, noiseBurst(0.30, 1500.0, edges[turn], 0.085, seed + 1), 1.1);
+    add(sound, noiseBurst(0.30, 3500.0, edges[turn], 0.13, seed + 2), 0.3);
+    shapeWith(sound, 1.6);
+    return withRoom(sound, 0.30, 0.30, 6000.0, 31 + static_cast<std::uint32_t>(turn));
 }
+
+namespace {
 
 Samples clap() {
     Samples sound;
@@ -78,6 +88,15 @@ Samples rim() {
     return withRoom(sound, 0.18, 0.3, 6000.0, 53);
 }
 
+// Three strokes of the same drum on three keys from C-4 up, all at their own pitch.
+XmInstrument inTurn(const std::function<XmInstrument(int turn)>& stroke) {
+    constexpr int first = 49;
+    XmInstrument instrument = stroke(0);
+    for (int turn = 1; turn < 3; ++turn)
+        addZone(instrument, stroke(turn), first + turn, first + turn);
+    return instrument;
+}
+
 Samples crash() {
     Samples sound = metal(1.6, 0.55, 2600.0, 1.3, 61);
     multiply(sound, [](double t) { return 1.0 + 0.8 * decay(t, 0.02); });
@@ -89,18 +108,23 @@ Samples crash() {
 XmInstrument percussion(Sound sound) {
     switch (sound) {
     case Sound::kick:
-        return oneShot("kick", drumBody(0.40, 46.0, 150.0, 0.15, 1.9, 0.25), 0.95);
+        return oneShot("kick", drumBody(0.40, 55.0, 150.0, 0.15, 1.9, 0.3), 0.95);
     case Sound::hardKick: {
-        Samples body = drumBody(0.46, 43.0, 190.0, 0.19, 3.4, 0.4);
+        Samples body = drumBody(0.46, 49.0, 190.0, 0.19, 3.4, 0.4);
         foldWith(body, 1.25);
         return oneShot("kick, hard", filtered(body, 0.0, 7000.0, 1), 0.78);
     }
     case Sound::snare:
-        return oneShot("snare", snare(), 0.95);
+        return inTurn([](int turn) { return oneShot("snare", snare(turn), 0.95); });
     case Sound::clap:
         return oneShot("clap", clap(), 0.8, 120);
     case Sound::hat:
-        return oneShot("hat closed", metal(0.12, 0.022, 7200.0, 0.5, 71), 0.72, 140);
+        return inTurn([](int turn) {
+            return oneShot("hat closed",
+                           metal(0.12, 0.020 + 0.003 * turn, 7200.0 - 400.0 * turn, 0.5,
+                                 71 + 200 * static_cast<std::uint32_t>(turn)),
+                           0.72, 140);
+        });
     case Sound::openHat:
         return oneShot("hat open", metal(0.42, 0.11, 7000.0, 0.5, 73), 0.66, 116);
     case Sound::ride:

@@ -49,12 +49,17 @@ bool sustains(Sound sound) {
            sound == Sound::sea;
 }
 
+// Snares and hats have three strokes on neighbouring keys; no two that follow each other are the same.
+int strokeInTurn(Sound sound, int row) {
+    return sound == Sound::snare ? row / 2 % 3 : sound == Sound::hat ? row % 3 : 0;
+}
+
 } // namespace
 
 Stage::Stage(Score& target, const std::string& section, int level)
     : score(target), events(sectionNamed(target.sections(), section).events),
       start(firstRow(target.sections(), section)), rowCount(sectionNamed(target.sections(), section).rows),
-      levelPercent(level) {}
+      tempo(sectionNamed(target.sections(), section).tempo), levelPercent(level) {}
 
 std::vector<int> Stage::rowsOf(int syncValue) const {
     std::vector<int> found;
@@ -71,7 +76,7 @@ void Stage::note(int row, int channelNumber, Sound sound, int number, int volume
         return;
     }
     XmCell& cell = score.cell(start + row, channelNumber);
-    cell.note = static_cast<std::uint8_t>(number);
+    cell.note = static_cast<std::uint8_t>(number + strokeInTurn(sound, row));
     cell.instrument = static_cast<std::uint8_t>(sound);
     cell.volume = volumeByte(faded(sound, volume) * levelPercent / 100);
 }
@@ -84,8 +89,9 @@ void Stage::off(int row, int channelNumber) {
 }
 
 void Stage::hush(const std::vector<int>& kept) {
-    std::vector<int> sustaining = {channel::sub,      channel::bass,         channel::stab,   channel::lead,
-                                   channel::leadEcho, channel::leadEcho + 1, channel::texture};
+    std::vector<int> sustaining = {channel::sub,     channel::bass,     channel::stab,
+                                   channel::lead,    channel::leadEcho, channel::leadEcho + 1,
+                                   channel::texture, channel::breaks,   channel::second};
     for (int voice = 0; voice < channel::padVoices; ++voice) {
         sustaining.push_back(channel::pad + voice);
     }
@@ -146,6 +152,25 @@ void Stage::drums(const Kit& kit, int bar, int bars) {
     play(channel::cymbal, Sound::openHat, kit.open);
 }
 
+void Stage::breaks(Sound first, Sound second, int bar, int bars, int volume) {
+    static const char* const plans[8] = {"0123456789abcdef", "0123456289a5cdef", "0123456789abcdef",
+                                         "01234567012cc4cc", "0123456789abcdef", "0123456a89ab4def",
+                                         "0123056789abcdef", "01234567444cccce"};
+    constexpr int offsetEffect = 0x09;
+    constexpr int middle = 49;
+    int key = middle; // the highest at which a slice still fills its row
+    for (double speed = breakTempo; speed > tempo; --key)
+        speed /= 1.0594630943592953;
+    for (int row = 0; row < bars * barRows; ++row) {
+        const char slice = plans[row / barRows % 8][row % barRows];
+        const int target = bar * barRows + row;
+        note(target, channel::breaks, row / barRows % 2 == 0 ? first : second, key, volume);
+        effect(target, channel::breaks, offsetEffect,
+               (slice <= '9' ? slice - '0' : slice - 'a' + 10) * breakStep / 256);
+    }
+    off((bar + bars) * barRows, channel::breaks);
+}
+
 void Stage::snareFill(int bar) {
     const std::string hits = "........4.4.5567";
     for (int row = 8; row < barRows; ++row) {
@@ -196,9 +221,9 @@ void Stage::riff(const std::string& words, int row, int volume) {
     for (const Word& word : parseWords(words)) {
         if (word.note != 0) {
             note(row, channel::glass, Sound::glass, word.note, volume);
-            effect(row, channel::glass, panningEffect, 0x70);
+            effect(row, channel::glass, panningEffect, 0x58);
             note(row + echoRows, channel::glassEcho, Sound::glass, word.note, volume * 2 / 5);
-            effect(row + echoRows, channel::glassEcho, panningEffect, 0xA8);
+            effect(row + echoRows, channel::glassEcho, panningEffect, 0xC8);
         }
         row += word.rows;
     }
@@ -209,7 +234,14 @@ void Stage::accent(int row, Accent weight, int stabNote) {
     for (const int number : {channel::kick, channel::snare, channel::hat, channel::cymbal, channel::perc,
                              channel::glass, channel::glassEcho, channel::stab})
         clear(row - 1, 1, number);
-    for (const int number : {channel::bass, channel::sub, channel::lead, channel::texture}) {
+    for (int near = std::max(0, row - 3); near <= std::min(row + 3, rowCount - 1); ++near) {
+        XmCell& cell = score.cell(start + near, channel::breaks);
+        if (cell.volume > volumeColumn)
+            cell.volume = volumeByte((cell.volume - volumeColumn) / 2);
+    }
+    clear(std::max(0, row - 1), row > 0 ? 3 : 2, channel::breaks); // the break waits until two rows later
+    off(std::max(0, row - 1), channel::breaks);
+    for (const int number : {channel::bass, channel::sub, channel::lead, channel::second, channel::texture}) {
         const int before = start + row - 1;
         if (row > 0 && score.cell(before, number).note == 0 && score.cell(before, number).volume == 0)
             score.cell(before, number).volume = volumeByte(14);
@@ -217,10 +249,10 @@ void Stage::accent(int row, Accent weight, int stabNote) {
     clear(row + 1, 1, channel::snare);
     clear(row + 1, 1, channel::perc);
     note(row, channel::kick, Sound::kick, 49, 64);
-    note(row, channel::snare, Sound::clap, 49, weight == Accent::light ? 48 : 54);
-    note(row, channel::cymbal, Sound::crash, 49, weight == Accent::light ? 38 : weight == Accent::strong ? 52 : 58);
+    note(row, channel::snare, Sound::clap, 49, weight == Accent::light ? 53 : 54);
+    note(row, channel::cymbal, Sound::crash, 49, weight == Accent::light ? 48 : weight == Accent::strong ? 52 : 58);
     if (stabNote > 0)
-        note(row, channel::stab, Sound::stab, stabNote, weight == Accent::light ? 40 : 52);
+        note(row, channel::stab, Sound::stab, stabNote, weight == Accent::light ? 46 : 58);
     if (weight != Accent::light)
         note(row, channel::impact, Sound::impact, 49, weight == Accent::strong ? 34 : 48);
 }
@@ -310,9 +342,9 @@ void Stage::arpeggio(const Harmony& harmony, Sound sound, const std::string& fig
         const int target = bar * barRows + row;
         const int loudness = volume * accents[row % 4] / 9;
         note(target, channel::glass, sound, number, loudness);
-        effect(target, channel::glass, panningEffect, row % 2 == 0 ? 0x70 : 0x90);
+        effect(target, channel::glass, panningEffect, row % 2 == 0 ? 0x58 : 0xA8);
         note(target + echoRows, channel::glassEcho, sound, number, loudness * 2 / 5);
-        effect(target + echoRows, channel::glassEcho, panningEffect, row % 2 == 0 ? 0xA8 : 0x58);
+        effect(target + echoRows, channel::glassEcho, panningEffect, row % 2 == 0 ? 0xC8 : 0x38);
     }
 }
 
@@ -336,8 +368,8 @@ void Stage::voice(const std::string& words, Sound sound, int channelNumber, int 
 }
 
 void Stage::line(const std::string& words, Sound sound, int row, int volume) {
-    constexpr int left = 0x58;
-    constexpr int right = 0xA8;
+    constexpr int left = 0x38;
+    constexpr int right = 0xC8;
     voice(words, sound, channel::lead, row, volume);
     for (int echo = 1; echo <= 2; ++echo) {
         const int channelNumber = channel::leadEcho + echo - 1;

@@ -30,14 +30,16 @@ constexpr int glassEcho = 15;
 constexpr int lead = 16;
 constexpr int leadEcho = 17; // and 18
 constexpr int texture = 19;
-constexpr int count = 20;
+constexpr int breaks = 20;
+constexpr int second = 21; // a voice beside the lead
+constexpr int count = 22;
 } // namespace channel
 
 // One section of a score, written in bars and rows from its start. Whatever falls past its end is left out.
 class Stage {
   public:
     // level: percent of every note's volume, for dynamics between sections.
-    Stage(Score& target, const std::string& section, int level = 90);
+    Stage(Score& target, const std::string& section, int level = 95);
 
     int rows() const { return rowCount; }
     // Rows at which the section's sync commands of that value stand: what is heard there is written from the table.
@@ -68,6 +70,10 @@ class Stage {
         Sound kickSound = Sound::kick;
     };
     void drums(const Kit& kit, int bar, int bars);
+    // Breaks cut by the row, the first and the second sound in turn by the bar: straight, varied, and a fill in each
+    // fourth and a larger one in each eighth bar. They are slowed to the section's tempo by whole semitones, never past
+    // their row.
+    void breaks(Sound first, Sound second, int bar, int bars, int volume);
     // Ends a bar with a fill in its last rows: snares that thicken, or toms that fall.
     void snareFill(int bar);
     void tomFill(int bar);
@@ -118,6 +124,7 @@ class Stage {
     std::vector<SyncEvent> events;
     int start;
     int rowCount;
+    int tempo;
     int levelPercent;
 };
 

@@ -117,21 +117,44 @@ Samples drone() {
     return spectrum.render();
 }
 
-constexpr std::size_t leadLength = 1 << 16;
-constexpr double leadCycles = 512.0;
+// Detuned saws under a low-pass whose corner falls from a high one to a low one, all in hertz and seconds.
+struct Supersaw {
+    double seconds;
+    int voices;
+    double cents; // from the middle to the outermost voice
+    double low;
+    double high;
+    double fall;
+    double drive;
+    std::uint32_t seed;
+};
 
-// Seven saws spread over 24 cents.
-Samples lead() {
-    LoopSpectrum spectrum(leadLength);
-    for (int voice = -3; voice <= 3; ++voice) {
-        for (int h = 1; h < 40; ++h) {
-            const double hertz = middleC * h;
-            const double r = hertz / 4200.0;
-            const double amplitude = (1.0 - 0.13 * std::abs(voice)) / h / std::sqrt(1.0 + r * r * r * r);
-            spectrum.partial((leadCycles + voice * 1.2) * h, amplitude, random(231, voice * 64 + h + 400));
+Samples supersaw(const Supersaw& recipe, double hertz, int root) {
+    constexpr std::size_t block = 32; // samples that share one set of gains
+    const int harmonics = static_cast<int>(std::min(15000.0, 0.45 * sampleRate) / (hertz * 1.02));
+    Samples sound(sampleCount(recipe.seconds), 0.0);
+    std::vector<double> gains(sound.size() / block + 1);
+    for (int h = 1; h <= harmonics; ++h) {
+        for (std::size_t i = 0; i < gains.size(); ++i) {
+            const double t = static_cast<double>(i * block) / sampleRate;
+            const double corner = recipe.low + (recipe.high - recipe.low) * exponential(-t / recipe.fall);
+            const double r = h * hertz / corner;
+            gains[i] = 1.0 / h / std::sqrt(1.0 + r * r * r * r);
+        }
+        for (int voice = 0; voice < recipe.voices; ++voice) {
+            const double place = 2.0 * voice / (recipe.voices - 1) - 1.0;
+            const double own = hertz * h * power(2.0, recipe.cents * place * (0.6 + 0.4 * std::fabs(place)) / 1200.0);
+            const double weight = voice == recipe.voices / 2 ? 1.3 : 1.0;
+            const double phase = random(recipe.seed + static_cast<std::uint32_t>(root), voice * 64 + h);
+            for (std::size_t i = 0; i < sound.size(); ++i)
+                sound[i] += weight * gains[i / block] * cycleSine(own * static_cast<double>(i) / sampleRate + phase);
         }
     }
-    return spectrum.render();
+    normalise(sound, 1.0);
+    shapeWith(sound, recipe.drive);
+    sound = filtered(sound, 200.0, 0.0, 1);
+    fadeEnds(sound, 0.002, 0.05);
+    return sound;
 }
 
 Samples solo() {
@@ -170,22 +193,6 @@ Samples bell() {
     sound = withRoom(sound, 1.3, 0.30, 4200.0, 251);
     fadeEnds(sound, 0.0, 0.5);
     return sound;
-}
-
-Samples stab() {
-    Samples sound(sampleCount(0.5), 0.0);
-    for (int voice = -1; voice <= 1; ++voice) {
-        for (int h = 1; h < 32; ++h) {
-            const double hertz = middleC * (1.0 + 0.004 * voice) * h;
-            const double phase = random(261, voice * 40 + h + 100);
-            add(sound, render(0.5, [&](double t) {
-                    return cycleSine(hertz * t + phase) / h * exponential(-t * (5.0 + 0.55 * h));
-                }));
-        }
-    }
-    shapeWith(sound, 0.8);
-    fadeEnds(sound, 0.003, 0.05);
-    return withRoom(sound, 0.5, 0.3, 4000.0, 269);
 }
 
 // Presses the peaks of random phases down, which makes a sustained sound denser and a little warmer.
@@ -233,9 +240,9 @@ XmInstrument tonal(Sound sound) {
         return low;
     }
     case Sound::padLeft:
-        return pad("petrol pad, left", 300, 92);
+        return pad("petrol pad, left", 300, 72);
     case Sound::padRight:
-        return pad("petrol pad, right", 340, 164);
+        return pad("petrol pad, right", 340, 184);
     case Sound::air:
         return withEnvelope(seamless("air", dense(cloudPad(length, 22.0, airGain, 24, 380), 1.5), middleC, 0.6, 160),
                             40, 24, 60, 500);
@@ -246,7 +253,9 @@ XmInstrument tonal(Sound sound) {
     case Sound::drone:
         return withEnvelope(halved(seamless("drone", dense(drone(), 1.7), lowC, 0.6)), 70, 24, 64, 300);
     case Sound::lead: {
-        XmInstrument bright = seamless("ice lead", dense(lead(), 1.6), hertzOf(leadCycles, leadLength), 0.98);
+        const Supersaw saws{2.4, 7, 18.0, 2600.0, 9000.0, 0.22, 2.0, 231};
+        XmInstrument bright =
+            sampledEachFour("lead", 54, 7, 0.98, [&](double hertz, int root) { return supersaw(saws, hertz, root); });
         return withVibrato(withEnvelope(std::move(bright), 1, 20, 46, 1600), 4, 40, 60);
     }
     case Sound::solo: {
@@ -258,7 +267,11 @@ XmInstrument tonal(Sound sound) {
     case Sound::bell:
         return oneShot("bell", bell(), 0.8);
     case Sound::stab:
-        return oneShot("stab", stab(), 0.95);
+        return sampledEachFour("stab", 50, 6, 0.95, [](double hertz, int root) {
+            Samples chord = supersaw({0.42, 5, 26.0, 900.0, 7500.0, 0.07, 1.4, 261}, hertz, root);
+            multiply(chord, [](double t) { return exponential(-t / 0.16); });
+            return withRoom(chord, 0.45, 0.28, 4500.0, 269);
+        });
     default:
         throw std::logic_error("not a voice");
     }

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <stdexcept>
 
 #include "artwork/tunes/parts.h"
+#include "forge/fourier.h"
 
 namespace lumenfold::art {
 namespace {
@@ -55,6 +57,41 @@ TEST(Stage, WhatFallsPastTheSectionIsLeftOut) {
     stage.steps(channel::hat, Sound::hat, "9", 0, 1);
     EXPECT_NE(score.cell(7, channel::hat).note, 0);
     EXPECT_EQ(score.cell(8, channel::hat).note, 0);
+}
+
+// A break is cut at every row, slowed so that a slice never ends before its row, and lets go at the end.
+TEST(Stage, BreaksAreCutByTheRow) {
+    for (const int tempo : {115, 136, 140}) {
+        Score score({{"only", 3 * barRows, tempo, {}}}, channel::count);
+        Stage(score, "only").breaks(Sound::breakPlain, Sound::breakBusy, 0, 2, 40);
+        const XmCell& third = score.cell(3, channel::breaks);
+        EXPECT_EQ(third.effect, 9);
+        EXPECT_EQ(third.parameter * 256, 3 * breakStep);
+        EXPECT_EQ(score.cell(barRows, channel::breaks).instrument, static_cast<int>(Sound::breakBusy));
+        EXPECT_EQ(score.cell(2 * barRows, channel::breaks).note, xmKeyOff);
+        const double slice = breakStep / (synth::sampleRate * power(2.0, (third.note - noteNumber("C4")) / 12.0));
+        EXPECT_GE(slice, 15.0 / tempo * 0.999);
+        EXPECT_LT(slice, 15.0 / tempo * 1.06);
+    }
+}
+
+// What a curve adds above half the rate must not come back as a line between the harmonics.
+TEST(Synth, ShapingDoesNotAlias) {
+    constexpr std::size_t length = 1 << 14;
+    constexpr std::size_t cycles = 1501; // 3065 hertz, whose sixth harmonic lies above half the rate
+    synth::Samples loop(length);
+    for (std::size_t i = 0; i < length; ++i)
+        loop[i] = synth::cycleSine(static_cast<double>(cycles * i % length) / length);
+    synth::shapeWith(loop, 3.0);
+    std::vector<double> real = loop;
+    std::vector<double> imaginary(length, 0.0);
+    synth::transform(real, imaginary, false);
+    const auto amplitude = [&](std::size_t bin) { return std::hypot(real[bin], imaginary[bin]); };
+    for (std::size_t bin = 1; bin < length / 2; ++bin) {
+        if (bin % cycles != 0) {
+            ASSERT_LT(amplitude(bin), amplitude(cycles) * 0.0032) << bin; // -50 dB
+        }
+    }
 }
 
 // Loops must begin and join quietly, one-shots begin and end at zero: otherwise every note clicks.

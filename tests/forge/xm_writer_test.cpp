@@ -86,6 +86,34 @@ TEST(XmWriter, SamplesAreDifferencesThatWrap) {
     }
 }
 
+// Two samples at their own pitch: the player must take the second one from its lowest key on.
+TEST(XmWriter, KeysPlayTheSampleOfTheirZone) {
+    const auto square = [](std::int16_t height) {
+        std::vector<std::int16_t> wave(4096);
+        for (std::size_t i = 0; i < wave.size(); ++i)
+            wave[i] = i / 32 % 2 == 0 ? height : static_cast<std::int16_t>(-height);
+        return wave;
+    };
+    XmSong song = smallSong();
+    song.order = {0};
+    XmInstrument& instrument = song.instruments[0];
+    instrument.samples = square(12000);
+    instrument.loopStart = 0;
+    instrument.loopLength = 4096;
+    instrument.zones = {{50, square(3000), 0, 0}};
+    const auto peakOf = [&](int note) {
+        song.patterns[0] = {64, std::vector<XmCell>(128)};
+        song.patterns[0].cells[0] = {static_cast<std::uint8_t>(note), 1, 0x50, 0, 0};
+        const test::TemporaryFile file("zones.xm", writeXm(song));
+        return listen(file.name()).peak;
+    };
+    EXPECT_GT(peakOf(49) - peakOf(50), 6.0); // dB; players smooth the edges, the key map alone makes the difference
+    song.instruments[0].zones = {{50, square(3000), 0, 0}, {50, square(3000), 0, 0}};
+    EXPECT_THROW(writeXm(song), std::runtime_error);
+    song.instruments[0].zones = {{50, {1, 2}, 0, 0}}; // shorter than the loop all share
+    EXPECT_THROW(writeXm(song), std::runtime_error);
+}
+
 TEST(XmWriter, RefusesWhatTheFormatCannotHold) {
     const auto broken = [](void (*breakIt)(XmSong&)) {
         XmSong song = smallSong();

@@ -47,6 +47,15 @@ bool borderIsBlack(const PictureFile& p) {
     return true;
 }
 
+Bitmap withBlackBorder(const std::function<Bitmap(float share)>& develop) {
+    for (float share = 1; share > 0.8F; share -= 0.005F) {
+        Bitmap bitmap = develop(share);
+        if (borderIsBlack(pictureIn(encodeJpeg(bitmap), "a picture with a black border", bitmap.width, bitmap.height)))
+            return bitmap;
+    }
+    throw std::runtime_error("the border does not stay black");
+}
+
 std::string jpegFault(const std::vector<std::uint8_t>& bytes, int width, int height) {
     const auto word = [&bytes](std::size_t at) { return bytes.at(at) << 8 | bytes.at(at + 1); };
     if (bytes.size() > jpegLimit) {

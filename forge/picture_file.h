@@ -1,8 +1,10 @@
 #pragma once
 
 #include "core/pixel.h"
+#include "forge/picture.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,6 +27,11 @@ PictureFile pictureIn(const std::vector<std::uint8_t>& jpeg, const std::string& 
 
 // Whether the outermost rows and columns are exactly 0.
 bool borderIsBlack(const PictureFile& picture);
+
+// The bitmap that `develop` makes at an exposure of the given share of the usual one: the first, from 1 downwards,
+// whose JPEG file has a black border. Rounding leaves single bits of colour there, and another exposure rounds
+// otherwise. Throws std::runtime_error when none has.
+Bitmap withBlackBorder(const std::function<Bitmap(float share)>& develop);
 
 // What keeps a JPEG file from being read by the demo; empty if nothing does: baseline, 8 bits, no subsampling, no
 // restart interval, one table per segment, the right size, at most jpegLimit bytes.

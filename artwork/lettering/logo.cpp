@@ -4,7 +4,7 @@
 #include "artwork/lettering/lettering.h"
 #include "artwork/lettering/name.h"
 #include "forge/canvas.h"
-#include "forge/encode.h"
+#include "forge/picture_file.h"
 
 #include <algorithm>
 #include <vector>
@@ -159,7 +159,7 @@ Bitmap makeLogo() {
         return letters.at(x, y) + glow * (fade * (1 - 0.6F * cover.at(x, y).x)) +
                palette::ice * (spark(static_cast<float>(x), static_cast<float>(y)) * fade);
     });
-    return withTrueBlack(developed(title, {1.15F, true, 0}), 5);
+    return withBlackBorder([&](float share) { return withTrueBlack(developed(title, {1.15F * share, true, 0}), 5); });
 }
 
 } // namespace lumenfold::art

@@ -64,13 +64,7 @@ Bitmap makePetrolFlare() {
         light += amberOnly * (0.046F * lobe(0.44F, 0.14F, 0.13F));
         return light;
     });
-    // Rounding in the file leaves single bits of colour on a black rim; a slightly different exposure rounds otherwise.
-    for (float exposure = 1; exposure > 0.8F; exposure -= 0.005F) {
-        const Bitmap flare = developed(picture, {exposure, false, 0});
-        if (borderIsBlack(pictureIn(encodeJpeg(flare), "the petrol flare", 32, 32)))
-            return flare;
-    }
-    throw std::runtime_error("the border does not stay black");
+    return withBlackBorder([&](float share) { return developed(picture, {share, false, 0}); });
 }
 
 } // namespace lumenfold::art

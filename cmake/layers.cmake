@@ -1,9 +1,12 @@
 # Compile flags that every target shares, and the two kinds of target that the layers are made of.
 
 add_library(lumenfold_flags INTERFACE)
-target_compile_options(lumenfold_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow $<$<BOOL:${LUMENFOLD_WERROR}>:-Werror>
+target_compile_options(lumenfold_flags INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;$<$<BOOL:${LUMENFOLD_WERROR}>:-Werror>>"
                        # the same bits from every compiler and on every processor
-                       -ffp-contract=off)
+                       $<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off>)
+if(WIN32) # whose stack is aligned to 16 bytes only, while this compiler stores vectors of 32 there as if it were
+  target_compile_options(lumenfold_flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wa,-muse-unaligned-vector-move>)
+endif()
 target_include_directories(lumenfold_flags INTERFACE ${PROJECT_SOURCE_DIR})
 if(LUMENFOLD_SANITIZE)
   target_compile_options(lumenfold_flags INTERFACE -fsanitize=${LUMENFOLD_SANITIZE} -fno-omit-frame-pointer
@@ -17,9 +20,9 @@ find_path(LUMENFOLD_HIGHWAY hwy/highway.h REQUIRED) # headers only
 target_include_directories(lumenfold_flags SYSTEM INTERFACE ${LUMENFOLD_HIGHWAY})
 target_compile_definitions(
   lumenfold_flags
-  INTERFACE "HWY_DISABLED_TARGETS=(HWY_SSSE3|HWY_AVX3_DL|HWY_SVE|HWY_SVE2|HWY_SVE_256|HWY_SVE2_128)"
-            HWY_DISABLE_F16C HWY_DISABLE_PCLMUL_AES
-            HWY_BROKEN_EMU128=0) # older compilers are said to break it; the tests would show that
+  INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:HWY_DISABLED_TARGETS=(HWY_SSSE3|HWY_AVX3_DL|HWY_SVE|HWY_SVE2|HWY_SVE_256|HWY_SVE2_128)>"
+            $<$<COMPILE_LANGUAGE:CXX>:HWY_DISABLE_F16C> $<$<COMPILE_LANGUAGE:CXX>:HWY_DISABLE_PCLMUL_AES>
+            $<$<COMPILE_LANGUAGE:CXX>:HWY_BROKEN_EMU128=0>) # older compilers are said to break it; the tests would show that
 
 # lumenfold_layer(NAME [DIR folder] [DEPENDS layer...]): one static library from all sources of one folder.
 function(lumenfold_layer name)

@@ -43,7 +43,7 @@ class PictureFolder : public Output {
             throw std::runtime_error(path + ": cannot be made or written: no permission in " + nearest.string());
         if (const std::size_t earlier = countPictures(folder); earlier > 0)
             std::fprintf(stderr, "%s: holds %zu pictures of an earlier run; those of the same numbers are replaced\n",
-                         folder.c_str(), earlier);
+                         folder.string().c_str(), earlier);
     }
 
     ~PictureFolder() override {

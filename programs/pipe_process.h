@@ -1,11 +1,12 @@
 #pragma once
 
+#include "programs/pipes.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <string>
-#include <sys/types.h>
 #include <vector>
 
 namespace lumenfold::film {
@@ -30,7 +31,7 @@ class PipeProcess {
 
   private:
     struct Queue {
-        int descriptor = -1;
+        Handle end = noHandle;
         std::deque<std::vector<std::uint8_t>> blocks;
         std::size_t sent = 0; // bytes of the first block
     };
@@ -42,9 +43,9 @@ class PipeProcess {
     void reap(); // waits for the end; throws if the program failed
 
     std::string fileName;
-    pid_t child = -1;
+    Handle child = noHandle;
     std::array<Queue, 2> queues;
-    int messages = -1;
+    Handle messages = noHandle;
     std::string messageText;
 };
 

@@ -128,6 +128,7 @@ Window::Window(const char* title, std::int32_t pictureWidth, std::int32_t pictur
     SDL_SetHint(SDL_HINT_APP_NAME, "lumenfold"); // as screen savers and sound mixers name it
     SDL_SetHint(SDL_HINT_RENDER_SCALE_QUALITY, "nearest");
     SDL_SetHint(SDL_HINT_VIDEO_MINIMIZE_ON_FOCUS_LOSS, "0");
+    SDL_SetMainReady(); // main is our own
     if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0)
         failDisplay("no screen");
     if (!reachesScreen()) {

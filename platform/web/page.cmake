@@ -1,16 +1,7 @@
 # The page: emscripten's toolchain (preset web), libopenmpt from its sources, the files of show/ in one package. build/web
 # holds what a server has to offer.
 
-set(LUMENFOLD_OPENMPT "" CACHE PATH "Sources of libopenmpt")
-file(GLOB_RECURSE openmpt_sources ${LUMENFOLD_OPENMPT}/src/*.cpp ${LUMENFOLD_OPENMPT}/common/*.cpp
-     ${LUMENFOLD_OPENMPT}/soundlib/*.cpp ${LUMENFOLD_OPENMPT}/sounddsp/*.cpp)
-file(GLOB openmpt_interface ${LUMENFOLD_OPENMPT}/libopenmpt/libopenmpt_c*.cpp
-     ${LUMENFOLD_OPENMPT}/libopenmpt/libopenmpt_*impl.cpp)
-add_library(openmpt STATIC ${openmpt_sources} ${openmpt_interface})
-target_include_directories(openmpt SYSTEM PRIVATE ${LUMENFOLD_OPENMPT}/build/svn_version ${LUMENFOLD_OPENMPT}/src
-                                   ${LUMENFOLD_OPENMPT}/common PUBLIC ${LUMENFOLD_OPENMPT})
-target_compile_definitions(openmpt PRIVATE LIBOPENMPT_BUILD)
-target_compile_options(openmpt PRIVATE -std=c++17 -w)
+include(${PROJECT_SOURCE_DIR}/cmake/openmpt.cmake)
 
 set(program_options -sALLOW_MEMORY_GROWTH=1 -sINITIAL_MEMORY=134217728 -sMODULARIZE=1 -sEXIT_RUNTIME=1
                     --preload-file ${PROJECT_SOURCE_DIR}/show@/show)
@@ -28,7 +19,7 @@ lumenfold_platform(offline LIBRARIES openmpt)
 set(programs ${PROJECT_SOURCE_DIR}/programs)
 add_executable(lumenfold-hash ${PROJECT_SOURCE_DIR}/tests/web/hash.cpp $<TARGET_OBJECTS:lumenfold_offline>
                ${programs}/command_line.cpp ${programs}/film.cpp ${programs}/film_hash.cpp ${programs}/film_options.cpp
-               ${programs}/film_plan.cpp ${programs}/film_show.cpp ${programs}/progress.cpp ${programs}/system.cpp)
+               ${programs}/film_plan.cpp ${programs}/film_show.cpp ${programs}/progress.cpp ${programs}/posix/system.cpp)
 target_compile_definitions(lumenfold-hash PRIVATE LUMENFOLD_VERSION="${LUMENFOLD_VERSION}")
 target_link_libraries(lumenfold-hash PRIVATE lumenfold_driver openmpt)
 target_link_options(lumenfold-hash PRIVATE ${program_options} -sEXPORT_NAME=createHash -sENVIRONMENT=node,web)

@@ -31,7 +31,8 @@ void showMessage(const std::string& text) {
     if (!boxWanted())
         return;
     for (const int number : {
-             SIGINT, SIGTERM,
+             SIGINT,
+             SIGTERM,
 #ifdef SIGHUP
              SIGHUP,
 #endif

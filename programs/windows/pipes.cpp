@@ -52,8 +52,8 @@ Pipe openPipe() {
 }
 
 Handle openNowhere() {
-    return reinterpret_cast<Handle>(CreateFileW(L"NUL", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                                OPEN_EXISTING, 0, nullptr));
+    return reinterpret_cast<Handle>(
+        CreateFileW(L"NUL", GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr));
 }
 
 void closeHandle(Handle handle) {
@@ -105,8 +105,9 @@ Handle startProgram(const std::vector<std::string>& arguments, const std::array<
     for (const Handle descriptor : descriptors)
         SetHandleInformation(handleOf(descriptor), HANDLE_FLAG_INHERIT, HANDLE_FLAG_INHERIT);
     PROCESS_INFORMATION program{};
-    const BOOL started = CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE,
-                                        CREATE_NEW_PROCESS_GROUP | CREATE_NO_WINDOW, nullptr, nullptr, &start, &program);
+    const BOOL started =
+        CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, CREATE_NEW_PROCESS_GROUP | CREATE_NO_WINDOW,
+                       nullptr, nullptr, &start, &program);
     if (started == 0) {
         reason = lastErrorText();
         return noHandle;

@@ -4,6 +4,7 @@
 #include "assets/jpeg_entropy.h"
 #include "assets/jpeg_kernels.h"
 #include "assets/jpeg_planes.h"
+#include "assets/jpeg_tables.h"
 #include "assets/jpeg_transform.h"
 #include "assets/notice.h"
 #include "core/convert.h"
@@ -12,23 +13,11 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <stdexcept>
 #include <vector>
 
 namespace lumenfold {
 
 namespace {
-
-// Why a file cannot be decoded, without its name.
-class JpegError : public std::runtime_error {
-  public:
-    explicit JpegError(const std::string& reason) : std::runtime_error(reason) {}
-};
-
-struct JpegQuantisation {
-    bool defined = false;
-    std::array<std::uint16_t, 64> steps{}; // in zig-zag order, as in the file
-};
 
 struct JpegScanComponent {
     std::size_t component; // index in the frame
@@ -57,21 +46,13 @@ class JpegDecoder {
     std::string remark() const;
 
   private:
-    struct Segment {
-        const std::uint8_t* begin;
-        const std::uint8_t* end;
-    };
-
     void parse();
     void readMarker(std::uint8_t marker);
-    Segment takeSegment();
-    void readHuffmanTables(Segment segment);
-    void readQuantisationTables(Segment segment);
-    void readFrame(Segment segment);
-    void readScan(Segment segment);
+    JpegSegment takeSegment();
+    void readFrame(JpegSegment segment);
+    void readScan(JpegSegment segment);
     std::size_t takeComponent(std::uint8_t identifier);
     void layOutUnits();
-    void requireTables();
     const std::uint8_t* nextSegment() const;
     void decodeScan(const std::uint8_t* dataEnd);
     bool decodeUnit(JpegBitReader& reader, std::size_t unit);
@@ -91,18 +72,12 @@ class JpegDecoder {
     std::vector<JpegScanComponent> scan;
     std::size_t unitsAcross = 0; // of the scan
     std::size_t unitsDown = 0;
-    std::array<JpegQuantisation, 4> quantisation;
-    std::array<JpegHuffmanTable, 4> dcTables;
-    std::array<JpegHuffmanTable, 4> acTables;
+    JpegTables tables;
 };
 
 std::string hexadecimal(std::uint8_t value) {
     constexpr char digits[] = "0123456789ABCDEF";
     return {digits[value >> 4], digits[value & 15]};
-}
-
-int bigEndian16(const std::uint8_t* bytes) {
-    return bytes[0] << 8 | bytes[1];
 }
 
 // Names the coding process of a frame marker that is not decoded.
@@ -144,13 +119,13 @@ void JpegDecoder::readMarker(std::uint8_t marker) {
         done = true;
     if (!jpeg::hasSegment(marker))
         return;
-    const Segment segment = takeSegment();
+    const JpegSegment segment = takeSegment();
     if (done)
         return;
     if (marker == jpeg::huffmanTables)
-        readHuffmanTables(segment);
+        tables.readHuffman(segment);
     else if (marker == jpeg::quantisationTables)
-        readQuantisationTables(segment);
+        tables.readQuantisation(segment);
     else if (marker == jpeg::restartIntervalMarker && segment.end - segment.begin >= 2)
         restartInterval = static_cast<std::size_t>(bigEndian16(segment.begin));
     else if (marker == jpeg::adobe && segment.end - segment.begin >= 12)
@@ -166,7 +141,7 @@ void JpegDecoder::readMarker(std::uint8_t marker) {
 
 // The parameters of the segment whose length stands at the position, which moves to its end. A segment that the file
 // does not hold whole ends the parsing.
-JpegDecoder::Segment JpegDecoder::takeSegment() {
+JpegSegment JpegDecoder::takeSegment() {
     const std::ptrdiff_t left = end - position;
     const int length = left < 2 ? 2 : bigEndian16(position);
     if (length < 2)
@@ -175,54 +150,12 @@ JpegDecoder::Segment JpegDecoder::takeSegment() {
         done = true;
         return {end, end};
     }
-    const Segment segment{position + 2, position + length};
+    const JpegSegment segment{position + 2, position + length};
     position += length;
     return segment;
 }
 
-void JpegDecoder::readHuffmanTables(Segment segment) {
-    while (segment.begin != segment.end) {
-        if (segment.end - segment.begin < 17)
-            throw JpegError("Huffman table cut short");
-        const int tableClass = segment.begin[0] >> 4;
-        const int number = segment.begin[0] & 15;
-        const std::uint8_t* counts = segment.begin + 1;
-        int values = 0;
-        for (int i = 0; i < 16; ++i)
-            values += counts[i];
-        segment.begin += 17;
-        if (tableClass > 1 || number > 3)
-            throw JpegError("Huffman table with a number that does not exist");
-        if (segment.end - segment.begin < values)
-            throw JpegError("Huffman table cut short");
-        auto& tables = tableClass == 0 ? dcTables : acTables;
-        if (!tables[static_cast<std::size_t>(number)].build(counts, segment.begin))
-            throw JpegError("Huffman table that is not a code");
-        segment.begin += values;
-    }
-}
-
-void JpegDecoder::readQuantisationTables(Segment segment) {
-    while (segment.begin != segment.end) {
-        const int number = segment.begin[0] & 15;
-        const bool wide = (segment.begin[0] >> 4) != 0;
-        ++segment.begin;
-        // What calls itself 16-bit but has room for 8-bit steps only is taken as such.
-        const int bytes = wide && segment.end - segment.begin >= 128 ? 2 : 1;
-        if (number > 3)
-            throw JpegError("quantisation table with a number that does not exist");
-        if (segment.end - segment.begin < 64 * bytes)
-            throw JpegError("quantisation table cut short");
-        JpegQuantisation& table = quantisation[static_cast<std::size_t>(number)];
-        for (std::uint16_t& step : table.steps) {
-            step = static_cast<std::uint16_t>(bytes == 2 ? bigEndian16(segment.begin) : segment.begin[0]);
-            segment.begin += bytes;
-        }
-        table.defined = true;
-    }
-}
-
-void JpegDecoder::readFrame(Segment segment) {
+void JpegDecoder::readFrame(JpegSegment segment) {
     if (frame.width != 0)
         throw JpegError("more than one frame");
     if (segment.end - segment.begin < 6)
@@ -271,7 +204,7 @@ void JpegDecoder::readFrame(Segment segment) {
     }
 }
 
-void JpegDecoder::readScan(Segment segment) {
+void JpegDecoder::readScan(JpegSegment segment) {
     if (frame.components.empty()) { // nothing to decode into
         done = true;
         return;
@@ -289,7 +222,8 @@ void JpegDecoder::readScan(Segment segment) {
                         .acTable = static_cast<std::size_t>(entry[1] & 15)});
     }
     layOutUnits();
-    requireTables();
+    for (const JpegScanComponent& part : scan)
+        tables.require(part.dcTable, part.acTable, frame.components[part.component].quantisation);
     if (count == frame.components.size()) {
         decodeScan(end); // markers within the data are passed over
     } else {
@@ -329,23 +263,6 @@ void JpegDecoder::layOutUnits() {
     for (JpegScanComponent& part : scan) {
         part.blocksAcross = static_cast<std::size_t>(frame.components[part.component].horizontal);
         part.blocksDown = static_cast<std::size_t>(frame.components[part.component].vertical);
-    }
-}
-
-// Files without Huffman tables, such as the pictures of a motion JPEG, mean the standard ones.
-void JpegDecoder::requireTables() {
-    const auto require = [](std::array<JpegHuffmanTable, 4>& tables, std::size_t number, bool ac) {
-        if (number < 2 && !tables[number].defined())
-            tables[number].buildStandard(ac, number == 1);
-        if (number > 3 || !tables[number].defined())
-            throw JpegError("Huffman table missing");
-    };
-    for (const JpegScanComponent& part : scan) {
-        require(dcTables, part.dcTable, false);
-        require(acTables, part.acTable, true);
-        const int number = frame.components[part.component].quantisation;
-        if (!quantisation[static_cast<std::size_t>(number)].defined)
-            throw JpegError("quantisation table missing");
     }
 }
 
@@ -452,11 +369,11 @@ bool JpegDecoder::decodeUnit(JpegBitReader& reader, std::size_t unit) {
     JpegBlock block;
     for (JpegScanComponent& part : scan) {
         JpegComponent& component = frame.components[part.component];
-        const BlockTables tables{dcTables[part.dcTable], acTables[part.acTable],
-                                 quantisation[static_cast<std::size_t>(component.quantisation)].steps};
+        const BlockTables blockTables{tables.dc[part.dcTable], tables.ac[part.acTable],
+                                      tables.quantisation[static_cast<std::size_t>(component.quantisation)].steps};
         for (std::size_t by = 0; by < part.blocksDown; ++by)
             for (std::size_t bx = 0; bx < part.blocksAcross; ++bx) {
-                if (!decodeBlock(reader, tables, part.predictor, block))
+                if (!decodeBlock(reader, blockTables, part.predictor, block))
                     return false;
                 const std::size_t row = (unitRow * part.blocksDown + by) * 8;
                 const std::size_t column = (unitColumn * part.blocksAcross + bx) * 8;

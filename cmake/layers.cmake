@@ -4,7 +4,7 @@ add_library(lumenfold_flags INTERFACE)
 target_compile_options(lumenfold_flags INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;$<$<BOOL:${LUMENFOLD_WERROR}>:-Werror>>"
                        # the same bits from every compiler and on every processor
                        $<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off>)
-if(WIN32) # whose stack is aligned to 16 bytes only, while this compiler stores vectors of 32 there as if it were
+if(WIN32) # the stack is aligned to 16 bytes only, but this compiler stores vectors of 32 bytes there as aligned
   target_compile_options(lumenfold_flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wa,-muse-unaligned-vector-move>)
 endif()
 target_include_directories(lumenfold_flags INTERFACE ${PROJECT_SOURCE_DIR})

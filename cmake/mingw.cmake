@@ -1,4 +1,4 @@
-# Toolchain: Windows programs from a Debian machine that need no library beside them; programs and tests run in wine.
+# Toolchain: Windows programs, built on Debian, that need no other library.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(triple x86_64-w64-mingw32)
@@ -12,4 +12,3 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 set(ENV{PKG_CONFIG_LIBDIR} ${CMAKE_CURRENT_LIST_DIR}/../build/sources/windows/lib/pkgconfig:/usr/${triple}/lib/pkgconfig)
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
-set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/../setup/wine.sh)

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the programs for Windows and tries them in wine: the zip unpacked into a folder with a name that needs Unicode,
-# frames of every scene beside the native program's, the window, its end by a key and by its frame, messages, films
+# frames of every scene beside the native program's, the window, closed by a key and by its frame, messages, films
 # (about five minutes after the first build).
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -77,17 +77,17 @@ film --from 20 --to 24 wine.wav >/dev/null 2>&1 || true
 check "four seconds of sound equal" cmp -s native.wav wine.wav
 
 # Messages.
-film --show nowhere --hash >/dev/null 2>told.txt || true
-check "a missing folder is told: $(tr -d '\r' <told.txt | head -n 1)" grep -q nowhere told.txt
+film --show nowhere --hash >/dev/null 2>errors.txt || true
+check "a missing folder is reported: $(tr -d '\r' <errors.txt | head -n 1)" grep -q nowhere errors.txt
 
 # Films: the encoder reads two pipes.
 x86_64-w64-mingw32-g++-posix -std=c++20 -static -o encoder.exe "$root/tests/windows/encoder.cpp"
 mv encoder.exe "$folder/ffmpeg.exe" # beside the program, where Windows looks first
-film --scene twinTunnel --seconds 2 film.mp4 >/dev/null 2>told.txt || true
+film --scene twinTunnel --seconds 2 film.mp4 >/dev/null 2>errors.txt || true
 check "both streams reach the encoder whole" \
     grep -qsx "$((120 * 512 * 384 * 4)) $((2 * 48000 * 4))" "$folder/show/encoder.txt"
-LUMENFOLD_ENCODER_FAILS=1 film --scene twinTunnel --seconds 2 failed.mp4 >/dev/null 2>told.txt || true
-check "its last words are told: $(tr -d '\r' <told.txt | tail -n 1)" grep -q 'no such codec' told.txt
+LUMENFOLD_ENCODER_FAILS=1 film --scene twinTunnel --seconds 2 failed.mp4 >/dev/null 2>errors.txt || true
+check "its last words are reported: $(tr -d '\r' <errors.txt | tail -n 1)" grep -q 'no such codec' errors.txt
 check "and no film is left" test ! -e failed.mp4
 rm "$folder/ffmpeg.exe"
 
@@ -137,7 +137,7 @@ check "closing the window ends it" await 15 ended
 
 mv "$folder/show/bzzzz.xm" "$work/"
 start
-check "a missing tune is told in a box" await 60 shown
+check "a missing tune is reported in a box" await 60 shown
 [ -z "${LUMENFOLD_SCREENSHOT:-}" ] || import -window root "${LUMENFOLD_SCREENSHOT%.*}-box.png"
 xdotool windowfocus --sync "$(window)" key Return
 check "which a key closes" await 15 ended

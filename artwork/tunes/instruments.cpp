@@ -73,21 +73,19 @@ XmInstrument halved(XmInstrument instrument) {
 }
 
 void addZone(XmInstrument& instrument, const XmInstrument& sound, int ownNote, int lowestNote) {
-    constexpr int middle = 49; // C-4
-    instrument.zones.push_back({lowestNote, sound.samples, sound.relativeNote + middle - ownNote, sound.fineTune});
+    instrument.zones.push_back({lowestNote, sound.samples, sound.relativeNote + middleNote - ownNote, sound.fineTune});
 }
 
 XmInstrument sampledEachFour(const std::string& name, int lowestRoot, int roots, double level,
                              const std::function<synth::Samples(double hertz, int root)>& recipe) {
-    constexpr int middle = 49;
     XmInstrument instrument;
     for (int i = 0; i < roots; ++i) {
         const int root = lowestRoot + 4 * i;
         const XmInstrument sound =
-            oneShot(name, recipe(synth::middleC * power(2.0, (root - middle) / 12.0), root), level);
+            oneShot(name, recipe(synth::middleC * power(2.0, (root - middleNote) / 12.0), root), level);
         if (i == 0) {
             instrument = sound;
-            instrument.relativeNote += middle - root;
+            instrument.relativeNote += middleNote - root;
         } else {
             addZone(instrument, sound, root, root - 2);
         }

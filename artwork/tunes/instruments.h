@@ -60,6 +60,8 @@ XmInstrument tonal(Sound sound);
 XmInstrument atmosphere(Sound sound);
 XmInstrument breakLoop(Sound sound);
 
+constexpr int middleNote = 49; // C-4
+
 // Samples of a sixteenth in a break; a multiple of 256, the unit of the sample offset.
 constexpr int breakStep = 14 * 256;
 constexpr int breakTempo = 140; // at which a break played at C-4 fills its bar

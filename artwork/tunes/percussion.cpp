@@ -90,10 +90,9 @@ Samples rim() {
 
 // Three strokes of the same drum on three keys from C-4 up, all at their own pitch.
 XmInstrument inTurn(const std::function<XmInstrument(int turn)>& stroke) {
-    constexpr int first = 49;
     XmInstrument instrument = stroke(0);
     for (int turn = 1; turn < 3; ++turn)
-        addZone(instrument, stroke(turn), first + turn, first + turn);
+        addZone(instrument, stroke(turn), middleNote + turn, middleNote + turn);
     return instrument;
 }
 

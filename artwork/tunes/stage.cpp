@@ -157,8 +157,7 @@ void Stage::breaks(Sound first, Sound second, int bar, int bars, int volume) {
                                          "01234567012cc4cc", "0123456789abcdef", "0123456a89ab4def",
                                          "0123056789abcdef", "01234567444cccce"};
     constexpr int offsetEffect = 0x09;
-    constexpr int middle = 49;
-    int key = middle; // the highest at which a slice still fills its row
+    int key = middleNote; // the highest at which a slice still fills its row
     for (double speed = breakTempo; speed > tempo; --key)
         speed /= 1.0594630943592953;
     for (int row = 0; row < bars * barRows; ++row) {

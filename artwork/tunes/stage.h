@@ -82,7 +82,7 @@ class Stage {
     // A roll on the snare that grows from one volume to another, every so many rows.
     void roll(int row, int rows, int every, int fromVolume, int toVolume);
     // A swell or riser that ends on that row, started as late as its length of so many rows asks.
-    void swellInto(int row, Sound sound, int lengthRows, int volume, int number = 49);
+    void swellInto(int row, Sound sound, int lengthRows, int volume, int number = middleNote);
     void strike(int row, int impactVolume, int crashVolume);
     // A row that the picture answers: kick, clap and crash at once, heavier with an impact and a stab; what plays in
     // the row before steps back, so that nothing near is as strong.

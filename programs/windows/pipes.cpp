@@ -79,7 +79,7 @@ std::size_t readSome(Handle end, char* bytes, std::size_t size) {
     return ReadFile(handleOf(end), bytes, static_cast<DWORD>(size), &got, nullptr) != 0 ? got : 0;
 }
 
-// Anonymous pipes cannot be waited for: a pause, and whoever waits tries again.
+// Anonymous pipes cannot be waited for: sleeps for a moment, and the caller tries again.
 bool waitForPipes(const std::array<Handle, 2>&, Handle input, int milliseconds) {
     DWORD waiting = 0;
     PeekNamedPipe(handleOf(input), nullptr, 0, nullptr, &waiting, nullptr);

@@ -3,7 +3,9 @@
 add_library(lumenfold_flags INTERFACE)
 target_compile_options(lumenfold_flags INTERFACE "$<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;$<$<BOOL:${LUMENFOLD_WERROR}>:-Werror>>"
                        # the same bits from every compiler and on every processor
-                       $<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off>)
+                       $<$<COMPILE_LANGUAGE:CXX>:-ffp-contract=off>
+                       # and the same programs in every folder
+                       $<$<COMPILE_LANGUAGE:CXX>:-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 if(WIN32) # the stack is aligned to 16 bytes only, but this compiler stores vectors of 32 bytes there as aligned
   target_compile_options(lumenfold_flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wa,-muse-unaligned-vector-move>)
 endif()
